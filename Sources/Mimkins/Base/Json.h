@@ -1,0 +1,78 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Reading of outside JSON. A document is parsed whole without recursion: nesting deeper than 1,024 levels,
+/// invalid UTF-8, numbers out of range and trailing text make it unreadable. Of a key that stands twice in an
+/// object the last value holds. Nothing here throws.
+namespace mimkins::json {
+
+class Document;
+
+enum class Type { null, boolean, number, string, array, object };
+
+/// A value inside a document; a cheap copyable reference that is valid while its document lives. The default
+/// value is a missing one, on which every cast fails.
+class Value {
+public:
+    Value() = default;
+
+    bool exists() const { return exists_; }
+
+    /// The value's type; a missing value counts as null.
+    Type type() const;
+
+    bool isNull() const { return type() == Type::null; }
+
+    bool isObject() const { return type() == Type::object; }
+
+    bool isArray() const { return type() == Type::array; }
+
+    /// Casts that succeed only on the right JSON type. Booleans aren't numbers.
+    std::optional<bool> boolean() const;
+    std::optional<double> number() const;
+    /// A number without a fraction that fits, written "12" or "12.0".
+    std::optional<std::int32_t> integer32() const;
+    std::optional<std::int64_t> integer64() const;
+    std::optional<std::string> string() const;
+    /// The text without a copy; valid while the document lives.
+    std::optional<std::string_view> stringView() const;
+
+    /// The value under a key of an object; missing if this is no object or lacks the key.
+    Value operator[](std::string_view key) const;
+    /// The elements of an array; none if this is no array.
+    std::vector<Value> elements() const;
+
+private:
+    friend struct ValueAccess;
+    // The parser's own element, kept as bytes so that its large header stays out of this one.
+    alignas(8) std::array<std::byte, 16> element_{};
+    bool exists_ = false;
+};
+
+/// A parsed document.
+class Document {
+public:
+    /// Nothing if the text isn't one JSON value.
+    static std::optional<Document> parse(std::string_view text);
+
+    Document(Document&&) noexcept;
+    Document& operator=(Document&&) noexcept;
+    ~Document();
+
+    Value root() const;
+
+private:
+    struct Storage;
+    explicit Document(std::unique_ptr<Storage> storage);
+    std::unique_ptr<Storage> storage_;
+};
+
+} // namespace mimkins::json

@@ -1,0 +1,3 @@
+# The test programs, one line each.
+
+mimkins_test(Base)
