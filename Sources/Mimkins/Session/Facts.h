@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Base/Date.h"
-#include "Session/ModelTag.h"
+#include "Model/ModelTag.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,4 +1,4 @@
-#include "Session/ModelTag.h"
+#include "Model/ModelTag.h"
 
 #include "Base/Text.h"
 
