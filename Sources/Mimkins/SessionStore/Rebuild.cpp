@@ -1,0 +1,113 @@
+#include "SessionStore/SessionStore.h"
+
+#include "Base/Lookup.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace mimkins {
+
+namespace {
+
+/// How long a status file without a running client counts, in seconds.
+constexpr double graceWithoutClient = 10;
+
+} // namespace
+
+bool SessionStore::isLive(const std::string& id, Date now) const {
+    const auto* record = lookup(records_, id);
+    if (record != nullptr && record->agent) {
+        return !record->pid || *record->pid < 1 || services_.processes.isAlive(*record->pid);
+    }
+    const bool leftBehind = record != nullptr && !registry_.empty() && registry_.count(id) == 0;
+    return !leftBehind || now - Date::fromMilliseconds(record->ts) <= graceWithoutClient;
+}
+
+Derivation SessionStore::derive(const std::string& id, Date now) const {
+    SessionInputs inputs;
+    inputs.hook = lookup(records_, id);
+    inputs.registry = lookup(registry_, id);
+    inputs.app = lookup(appInfo(), id);
+    if (const auto* tasks = lookup(subtasks_, id)) {
+        for (const auto& task : *tasks) {
+            if (task.running) {
+                ++inputs.runningSubtasks;
+                inputs.subtasksActive =
+                    std::max(inputs.subtasksActive.value_or(task.lastActivity), task.lastActivity);
+            }
+        }
+    }
+    inputs.background = lookup(background_, id);
+    inputs.rules = rules_;
+    inputs.transcriptModel = transcriptModel(id);
+    inputs.approval = lookup(approvals_, id);
+    const auto* pending = lookup(mainPending_, id);
+    inputs.toolPending = pending != nullptr && !pending->empty();
+    inputs.now = now;
+    return deriveSession(inputs);
+}
+
+std::vector<Session> SessionStore::build(Date now) {
+    std::set<std::string> ids;
+    for (const auto& entry : records_) {
+        ids.insert(entry.first);
+    }
+    for (const auto& entry : registry_) {
+        ids.insert(entry.first);
+    }
+    std::vector<Session> built;
+    for (const auto& id : ids) {
+        if (!isLive(id, now)) {
+            continue;
+        }
+        if (auto derivation = derive(id, now); derivation.session) {
+            built.push_back(std::move(*derivation.session));
+        }
+    }
+    noteArrivals(firstSeen_, built, now);
+    return inDisplayOrder(std::move(built), rules_.reorder, firstSeen_, registry_);
+}
+
+void SessionStore::rebuild(bool force) {
+    auto list = build(services_.loop.now());
+    const bool stillListed =
+        expandedId_ && std::any_of(list.begin(), list.end(), [this](const Session& session) {
+            return session.id == *expandedId_;
+        });
+    if (expandedId_ && !stillListed) {
+        expandedId_.reset();
+    }
+    if (!force && list == sessions_) {
+        return;
+    }
+    if (builtOnce_) {
+        notifyNewWaiters(list);
+    }
+    publish(std::move(list));
+}
+
+void SessionStore::notifyNewWaiters(const std::vector<Session>& list) const {
+    if (!onNeedsKeeper) {
+        return;
+    }
+    std::set<std::string> waitedBefore;
+    for (const auto& session : sessions_) {
+        if (waitsOnUser(session.mood)) {
+            waitedBefore.insert(session.id);
+        }
+    }
+    for (const auto& session : list) {
+        if (waitsOnUser(session.mood) && waitedBefore.count(session.id) == 0) {
+            onNeedsKeeper(session);
+        }
+    }
+}
+
+void SessionStore::publish(std::vector<Session> list) {
+    builtOnce_ = true;
+    sessions_ = std::move(list);
+    sessionsChanged_.emit();
+}
+
+} // namespace mimkins

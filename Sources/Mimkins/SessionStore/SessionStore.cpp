@@ -1,0 +1,114 @@
+#include "SessionStore/SessionStore.h"
+
+#include "Base/Lookup.h"
+
+#include "SessionStore/RegistryReader.h"
+#include "SessionStore/StatusReader.h"
+#include "SessionStore/TranscriptLocation.h"
+
+#include <set>
+#include <utility>
+
+namespace mimkins {
+
+namespace {
+
+constexpr double tickSeconds = 1.0;
+/// A burst of folder events costs one reading in this span, and no event waits longer than it.
+constexpr double debounceSeconds = 0.1;
+
+/// The cadences of the sources, in ticks.
+constexpr std::int64_t appInfoTicks = 5;
+
+} // namespace
+
+SessionStore::SessionStore(Paths paths, SessionStoreServices services)
+    : paths_(std::move(paths)), services_(services), appSessions_(services.files) {
+    statusFolders_.push_back(paths_.sessions());
+    if (services_.files.isFolder(paths_.legacySessions())) {
+        statusFolders_.push_back(paths_.legacySessions());
+    }
+    services_.files.createFolders(paths_.sessions());
+    reloadAppInfo();
+    reloadRegistry();
+    reloadRecords();
+    watch();
+    timer_ = services_.loop.every(tickSeconds, [this] { tick(); });
+}
+
+SessionStore::~SessionStore() = default;
+
+void SessionStore::watch() {
+    for (const auto& folder : statusFolders_) {
+        if (auto handle = services_.watcher.watch(folder, [this] { scheduleReload(); })) {
+            watches_.push_back(std::move(handle));
+        }
+    }
+}
+
+void SessionStore::scheduleReload() {
+    if (pendingReload_) {
+        return;
+    }
+    pendingReload_ = services_.loop.after(debounceSeconds, [this] {
+        pendingReload_.reset();
+        reloadRecords();
+    });
+}
+
+void SessionStore::tick() {
+    ++ticks_;
+    if (ticks_ % appInfoTicks == 0) {
+        reloadAppInfo();
+    }
+    reloadTranscriptModels();
+    reloadRegistry();
+    rebuild(false);
+}
+
+void SessionStore::setRules(const SessionRules& rules) {
+    if (rules == rules_) {
+        return;
+    }
+    rules_ = rules;
+    rebuild(true);
+}
+
+void SessionStore::toggleSubtasks(const std::string& id) {
+    if (expandedId_ == id) {
+        expandedId_.reset();
+    } else {
+        expandedId_ = id;
+    }
+    rebuild(true);
+}
+
+void SessionStore::reloadRecords() {
+    records_ = readStatusRecords(services_.files, statusFolders_);
+    rebuild(false);
+}
+
+void SessionStore::reloadRegistry() {
+    registry_ = readRegistry(services_.files, services_.processes, paths_.clientRegistry());
+}
+
+void SessionStore::reloadAppInfo() {
+    appSessions_.reload(paths_.desktopSessions());
+}
+
+void SessionStore::reloadTranscriptModels() {}
+
+const ModelTag* SessionStore::transcriptModel(const std::string& id) const {
+    const auto* read = lookup(transcriptModels_, id);
+    return read != nullptr ? &read->tag : nullptr;
+}
+
+std::optional<std::string> SessionStore::transcriptPath(const std::string& id) const {
+    return mimkins::transcriptPath(paths_, id, lookup(records_, id), lookup(registry_, id));
+}
+
+std::optional<std::string> SessionStore::subagentsFolder(const std::string& id) const {
+    return mimkins::subagentsFolder(paths_, id, lookup(records_, id), lookup(registry_, id));
+}
+
+} // namespace mimkins

@@ -1,0 +1,144 @@
+#pragma once
+
+#include "Base/Handle.h"
+#include "Base/Paths.h"
+#include "Platform/FileSystem.h"
+#include "Platform/FolderWatcher.h"
+#include "Platform/Processes.h"
+#include "Platform/RunLoop.h"
+#include "Session/Derivation.h"
+#include "SessionStore/AppSessionReader.h"
+#include "SessionStore/SessionOrder.h"
+
+#include <sigc++/signal.h>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace mimkins {
+
+/// What the store needs of the system. All of it outlives the store.
+struct SessionStoreServices {
+    RunLoop& loop;
+    FileSystem& files;
+    FolderWatcher& watcher;
+    Processes& processes;
+};
+
+/// The one source of truth: knows every source, reads each at its own pace, and publishes the ordered list of
+/// sessions that everything shows. Main thread only.
+class SessionStore {
+public:
+    /// Loads all sources, publishes a first list, then watches the status folders and ticks each second.
+    SessionStore(Paths paths, SessionStoreServices services);
+    ~SessionStore();
+
+    SessionStore(const SessionStore&) = delete;
+    SessionStore& operator=(const SessionStore&) = delete;
+
+    // What is published.
+
+    const std::vector<Session>& sessions() const { return sessions_; }
+
+    /// The subtasks of each session that has any, in display order.
+    const std::map<std::string, std::vector<Subtask>>& subtasks() const { return subtasks_; }
+
+    /// The session whose subtask list is open.
+    const std::optional<std::string>& expandedId() const { return expandedId_; }
+
+    /// The list or the expanded session has changed.
+    sigc::signal<void()>& sessionsChanged() { return sessionsChanged_; }
+
+    sigc::signal<void()>& subtasksChanged() { return subtasksChanged_; }
+
+    /// Called for each session that newly starts to wait on the user, in list order; never for the first
+    /// list.
+    std::function<void(const Session&)> onNeedsKeeper;
+
+    // What the user changes.
+
+    const SessionRules& rules() const { return rules_; }
+
+    /// Takes new rules and rebuilds if any of them differs.
+    void setRules(const SessionRules& rules);
+    /// Opens or closes a session's list of subtasks.
+    void toggleSubtasks(const std::string& id);
+
+    // What is prepared for each session.
+
+    const std::map<std::string, StatusRecord>& records() const { return records_; }
+
+    const std::map<std::string, RegistryEntry>& registry() const { return registry_; }
+
+    const std::map<std::string, AppSessionInfo>& appInfo() const { return appSessions_.sessions(); }
+
+    const std::map<std::string, BackgroundWork>& background() const { return background_; }
+
+    const std::map<std::string, PendingApproval>& approvals() const { return approvals_; }
+
+    /// The model that the session's transcript names, if it was read.
+    const ModelTag* transcriptModel(const std::string& id) const;
+    std::optional<std::string> transcriptPath(const std::string& id) const;
+    std::optional<std::string> subagentsFolder(const std::string& id) const;
+    /// Derives one session anew as of `now`, with the steps that led to the result.
+    Derivation derive(const std::string& id, Date now) const;
+    /// True if the session reports itself, or its client runs or has written within ten seconds.
+    bool isLive(const std::string& id, Date now) const;
+
+    // The steps of the loop.
+
+    void reloadRecords();
+    void reloadRegistry();
+    void reloadAppInfo();
+    void reloadTranscriptModels();
+    /// One second's work.
+    void tick();
+    /// Recomputes the list, and publishes it if it differs or `force` is set.
+    void rebuild(bool force);
+
+private:
+    struct TranscriptModel {
+        FileTime modified;
+        ModelTag tag;
+    };
+
+    void watch();
+    void scheduleReload();
+    std::vector<Session> build(Date now);
+    void notifyNewWaiters(const std::vector<Session>& list) const;
+    void publish(std::vector<Session> list);
+
+    Paths paths_;
+    SessionStoreServices services_;
+    std::vector<std::string> statusFolders_;
+
+    std::vector<Session> sessions_;
+    std::map<std::string, std::vector<Subtask>> subtasks_;
+    std::optional<std::string> expandedId_;
+    sigc::signal<void()> sessionsChanged_;
+    sigc::signal<void()> subtasksChanged_;
+
+    std::map<std::string, StatusRecord> records_;
+    std::map<std::string, RegistryEntry> registry_;
+    AppSessionReader appSessions_;
+    std::map<std::string, TranscriptModel> transcriptModels_;
+    std::map<std::string, std::vector<PendingTool>> mainPending_;
+    std::map<std::string, PendingApproval> approvals_;
+    std::map<std::string, BackgroundWork> background_;
+    FirstSeen firstSeen_;
+
+    SessionRules rules_;
+    bool builtOnce_ = false;
+    std::int64_t ticks_ = 0;
+
+    std::vector<Handle> watches_;
+    Handle pendingReload_;
+    Handle timer_;
+};
+
+} // namespace mimkins
