@@ -1,3 +1,6 @@
 # The test programs, one line each.
 
 mimkins_test(Base)
+mimkins_test(Model)
+mimkins_test(Session)
+mimkins_test(SessionStore)
