@@ -66,6 +66,14 @@ void SessionStore::tick() {
     rebuild(false);
 }
 
+void SessionStore::refreshAll() {
+    reloadAppInfo();
+    reloadRegistry();
+    reloadRecords();
+    reloadTranscriptModels();
+    rebuild(false);
+}
+
 void SessionStore::setRules(const SessionRules& rules) {
     if (rules == rules_) {
         return;

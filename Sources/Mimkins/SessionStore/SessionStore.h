@@ -98,6 +98,8 @@ public:
     void reloadTranscriptModels();
     /// One second's work.
     void tick();
+    /// Every source once, whatever its pace, and a rebuild.
+    void refreshAll();
     /// Recomputes the list, and publishes it if it differs or `force` is set.
     void rebuild(bool force);
 

@@ -1,0 +1,29 @@
+#include "Presentation/Summary.h"
+
+#include <algorithm>
+
+namespace mimkins {
+
+std::int64_t attentionCount(const std::vector<Session>& sessions) {
+    return std::count_if(sessions.begin(), sessions.end(), [](const Session& session) {
+        return wantsAttention(session.mood);
+    });
+}
+
+Summary summary(const std::vector<Session>& sessions) {
+    if (const auto waiting = attentionCount(sessions); waiting > 0) {
+        return {SummaryKind::waiting, std::to_string(waiting) + " waiting on you"};
+    }
+    const auto replies = std::count_if(sessions.begin(), sessions.end(), [](const Session& session) {
+        return session.mood == Mood::yourTurn;
+    });
+    if (replies > 0) {
+        return {
+            SummaryKind::replies, std::to_string(replies) + (replies == 1 ? " new reply" : " new replies")};
+    }
+    return {
+        SummaryKind::pets,
+        std::to_string(sessions.size()) + (sessions.size() == 1 ? " pet out" : " pets out")};
+}
+
+} // namespace mimkins
