@@ -34,6 +34,7 @@ public:
     }
 
     void append(const std::string& path, std::string_view bytes, FileTime time) {
+        createFolders(parent(path));
         auto& file = files_[path];
         file.bytes += bytes;
         file.time = time;

@@ -38,6 +38,11 @@ namespace {
 /// The largest double below 2^63; whole numbers up to it convert exactly.
 constexpr double largestWhole = 9'223'372'036'854'774'784.0;
 
+/// Looks at the first byte before it compares the rest: keys of one length mostly differ there.
+bool isSame(std::string_view left, std::string_view right) {
+    return left.size() == right.size() && (left.empty() || left.front() == right.front()) && left == right;
+}
+
 template <typename Result>
 std::optional<Result> get(const Value& value) {
     Result result{};
@@ -112,26 +117,39 @@ std::optional<std::string> Value::string() const {
 }
 
 Value Value::operator[](std::string_view key) const {
-    const auto object = get<simdjson::dom::object>(*this);
     Value found;
-    if (object) {
-        for (const auto& field : *object) {
-            if (field.key == key) {
-                found = ValueAccess::wrap(field.value);
+    findMembers({&key, 1}, {&found, 1});
+    return found;
+}
+
+void Value::findMembers(std::span<const std::string_view> keys, std::span<Value> found) const {
+    const auto object = get<simdjson::dom::object>(*this);
+    if (!object) {
+        return;
+    }
+    for (const auto [name, value] : *object) {
+        for (std::size_t index = 0; index < keys.size(); ++index) {
+            if (isSame(name, keys[index])) {
+                found[index] = ValueAccess::wrap(value);
+                break;
             }
         }
     }
-    return found;
 }
 
 std::vector<Value> Value::elements() const {
     std::vector<Value> result;
+    elements(result);
+    return result;
+}
+
+void Value::elements(std::vector<Value>& into) const {
+    into.clear();
     if (const auto array = get<simdjson::dom::array>(*this)) {
         for (const Element element : *array) {
-            result.push_back(ValueAccess::wrap(element));
+            into.push_back(ValueAccess::wrap(element));
         }
     }
-    return result;
 }
 
 struct Document::Storage {
@@ -155,6 +173,34 @@ Document::~Document() = default;
 
 Value Document::root() const {
     return ValueAccess::wrap(storage_->root);
+}
+
+static_assert(Parser::padding >= simdjson::SIMDJSON_PADDING);
+
+struct Parser::Storage {
+    simdjson::dom::parser parser;
+    std::string padded;
+};
+
+Parser::Parser() : storage_(std::make_unique<Storage>()) {}
+
+Parser::Parser(Parser&&) noexcept = default;
+Parser& Parser::operator=(Parser&&) noexcept = default;
+Parser::~Parser() = default;
+
+Value Parser::parse(std::string_view text, std::size_t readableBehind) {
+    const std::size_t length = text.size();
+    const char* bytes = text.data();
+    if (readableBehind < padding) {
+        storage_->padded.assign(text);
+        storage_->padded.append(padding, ' ');
+        bytes = storage_->padded.data();
+    }
+    Element root;
+    if (storage_->parser.parse(bytes, length, false).get(root) != simdjson::SUCCESS) {
+        return {};
+    }
+    return ValueAccess::wrap(root);
 }
 
 } // namespace mimkins::json

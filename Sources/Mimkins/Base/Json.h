@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,11 +48,24 @@ public:
 
     /// The value under a key of an object; missing if this is no object or lacks the key.
     Value operator[](std::string_view key) const;
+
+    /// The values under several keys, as `[]` gives them, found in one go through the object.
+    template <std::size_t Count>
+    std::array<Value, Count> members(const std::array<std::string_view, Count>& keys) const {
+        std::array<Value, Count> found;
+        findMembers(keys, found);
+        return found;
+    }
+
     /// The elements of an array; none if this is no array.
     std::vector<Value> elements() const;
+    /// The same into a vector whose memory is used again.
+    void elements(std::vector<Value>& into) const;
 
 private:
     friend struct ValueAccess;
+    void findMembers(std::span<const std::string_view> keys, std::span<Value> found) const;
+
     // The parser's own element, kept as bytes so that its large header stays out of this one.
     alignas(8) std::array<std::byte, 16> element_{};
     bool exists_ = false;
@@ -72,6 +86,26 @@ public:
 private:
     struct Storage;
     explicit Document(std::unique_ptr<Storage> storage);
+    std::unique_ptr<Storage> storage_;
+};
+
+/// Parses one text after the other with the same memory. Use it for the lines of a file.
+class Parser {
+public:
+    /// With this many readable bytes behind a text it is parsed where it stands, else it is copied first.
+    static constexpr std::size_t padding = 64;
+
+    Parser();
+    Parser(Parser&&) noexcept;
+    Parser& operator=(Parser&&) noexcept;
+    ~Parser();
+
+    /// The root value, valid until the next parse; a missing one if the text isn't one JSON value.
+    /// `readableBehind` is the number of bytes behind the text's end that may be read, whatever they are.
+    Value parse(std::string_view text, std::size_t readableBehind = 0);
+
+private:
+    struct Storage;
     std::unique_ptr<Storage> storage_;
 };
 

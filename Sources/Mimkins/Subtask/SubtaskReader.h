@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Base/Date.h"
+#include "Base/Json.h"
+#include "Platform/FileSystem.h"
+#include "Session/Facts.h"
+#include "Session/ModelTag.h"
+#include "Subtask/TranscriptTail.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mimkins {
+
+/// What the metadata file beside a subagent's transcript says.
+struct SubtaskMetadata {
+    std::string type = "agent";
+    std::string description = "Subagent";
+
+    friend bool operator==(const SubtaskMetadata&, const SubtaskMetadata&) = default;
+};
+
+/// Reads the text of a metadata file. What is missing, or has the wrong type, keeps its default.
+SubtaskMetadata subtaskMetadata(std::string_view json);
+
+/// Reads transcripts by their ends, so that a long one costs no more than a short one. A file that can't be
+/// read counts as empty. Not for several threads at once: the parser's memory is used again for each line.
+class SubtaskReader {
+public:
+    /// How much of a transcript's end is read. Nothing older plays a part.
+    static constexpr std::size_t tailBytes = 65'536;
+    /// Seconds of silence that end every subtask, and after which it isn't listed any more.
+    static constexpr double longestSilence = 1'800;
+
+    /// `files` outlives the reader.
+    explicit SubtaskReader(const FileSystem& files) : files_(&files) {}
+
+    /// The subtask that writes this transcript. `modified` is the transcript's modification date.
+    Subtask read(const std::string& transcript, Date modified, Date now);
+
+    /// The last complete lines of a file; none if it can't be read.
+    TranscriptTail tail(const std::string& path, std::size_t bytes) const;
+
+    /// The calls without a result, in call order. `fallback` is the time of a call whose line has none.
+    std::vector<PendingTool> pendingTools(const TranscriptTail& lines, Date fallback);
+
+    /// The model and effort that the end of a transcript names last.
+    ModelTag modelTag(const std::string& transcript);
+
+private:
+    const FileSystem* files_;
+    json::Parser parser_;
+};
+
+} // namespace mimkins
