@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace mimkins {
+
+/// The folder of the resources that came with the running program, such as hook/status.sh; nothing if there
+/// is none. See the other form for where it looks.
+std::optional<std::string> resourceFolder();
+
+/// The same for a program in the given folder: "../share/mimkins" beside it when installed, else the nearest
+/// "Resources" in a folder above when run from the source tree. Only a folder whose hook/status.sh belongs to
+/// the user or to root counts, so that nobody else can plant one in a folder that all may write to.
+std::optional<std::string> resourceFolder(const std::string& programFolder);
+
+} // namespace mimkins
