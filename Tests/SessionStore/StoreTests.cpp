@@ -6,20 +6,54 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 using namespace mimkins;
 using namespace mimkins::test;
 
+namespace {
+
+/// Answers as git does in a clean repository, or in one with changed lines.
+class StoreGit final : public GitRunner {
+public:
+    std::optional<std::string>
+    run(const std::vector<std::string>& arguments, const std::string& folder, GitFailure) const override {
+        folders.insert(folder);
+        const bool statistic =
+            std::find(arguments.begin(), arguments.end(), "--shortstat") != arguments.end();
+        const bool branch = std::find(arguments.begin(), arguments.end(), "symbolic-ref") != arguments.end();
+        if (statistic) {
+            return changes;
+        }
+        return branch ? "main\n" : "";
+    }
+
+    std::string changes;
+    mutable std::set<std::string> folders;
+};
+
+class NoFiles final : public RandomAccessFiles {
+public:
+    std::optional<FileIdentity> look(const std::string&) const override { return std::nullopt; }
+
+    std::unique_ptr<RandomAccessFile> open(const std::string&) const override { return nullptr; }
+};
+
+} // namespace
+
 class Store : public testing::Test {
 protected:
     Store() { processes.processes[7] = {}; }
 
     void start() {
-        store = std::make_unique<SessionStore>(paths, SessionStoreServices{loop, files, watcher, processes});
+        store = std::make_unique<SessionStore>(
+            paths, SessionStoreServices{loop, files, watcher, processes, git, opener, repositoryQueue}
+        );
         store->onNeedsKeeper = [this](const Session& session) { keepers.push_back(session.id); };
         store->sessionsChanged().connect([this] { ++publications; });
     }
@@ -65,6 +99,9 @@ protected:
     MemoryFileSystem files;
     ManualFolderWatcher watcher;
     FakeProcesses processes;
+    StoreGit git;
+    NoFiles opener;
+    ManualWorkQueue repositoryQueue;
     std::unique_ptr<SessionStore> store;
     Ids keepers;
     int publications = 0;
@@ -266,6 +303,125 @@ TEST_F(Store, ReturningSessionCountsAsNewUnlessTheRegistryKnowsItsStart) {
     registered("b", "busy", 7, R"(,"startedAt":1795000001000)");
     loop.advance(1);
     EXPECT_EQ(ids(), (Ids{"a", "b"}));
+}
+
+TEST_F(Store, ChecksTheRepositoryOfASessionThatHasJustFinished) {
+    status("s", "working", 0, R"(,"cwd":"/work/shop")");
+    start();
+    loop.advance(10);
+    EXPECT_EQ(repositoryQueue.waiting(), 0U) << "a session at work isn't worth a check";
+    status("s", "done", 0, R"(,"cwd":"/work/shop")");
+    deliver();
+    ASSERT_EQ(repositoryQueue.waiting(), 1U) << "at once, not at the next due time";
+    git.changes = " 1 file changed, 3 insertions(+), 1 deletion(-)\n";
+    repositoryQueue.run();
+    EXPECT_EQ(store->sessions().front().mood, Mood::yourTurn) << "results come back through the main loop";
+    loop.drain();
+    EXPECT_EQ(store->sessions().front().mood, Mood::commitWaiting);
+    EXPECT_EQ(store->sessions().front().message, "+3 −1 on main");
+    EXPECT_EQ(git.folders, std::set<std::string>{"/work/shop"});
+}
+
+TEST_F(Store, ChecksARepositoryAgainAfterAPauseOnly) {
+    status("s", "done", 0, R"(,"cwd":"/work/shop")");
+    start();
+    repositoryQueue.run();
+    loop.advance(15);
+    EXPECT_EQ(repositoryQueue.waiting(), 0U);
+    loop.advance(3);
+    EXPECT_EQ(repositoryQueue.waiting(), 1U);
+    loop.advance(30);
+    EXPECT_EQ(repositoryQueue.waiting(), 1U) << "a check under way isn't joined by another";
+}
+
+TEST_F(Store, ResultThatComesAfterTheEndIsDropped) {
+    status("s", "done", 0, R"(,"cwd":"/work/shop")");
+    start();
+    repositoryQueue.run();
+    store.reset();
+    loop.drain();
+}
+
+TEST_F(Store, ReadsTheModelOfATranscriptWhenItsDateChanges) {
+    const std::string line =
+        R"({"type":"assistant","timestamp":"2026-11-21T07:00:00Z","message":{"model":"MODEL","content":[]}})";
+    const auto transcript = [&line](const std::string& model) {
+        std::string text = line + "\n";
+        return text.replace(text.find("MODEL"), 5, model);
+    };
+    files.write("/t/s.jsonl", transcript("claude-opus-4-5"), fileTime(1));
+    status("s", "working", 0, R"(,"transcript":"/t/s.jsonl","model":"from-hook")");
+    start();
+    EXPECT_EQ(store->sessions().front().model, "from-hook");
+    loop.advance(1);
+    EXPECT_EQ(store->sessions().front().model, "claude-opus-4-5");
+    const int reads = files.reads("/t/s.jsonl");
+    files.write("/t/s.jsonl", transcript("claude-haiku-4-5"), fileTime(1));
+    loop.advance(1);
+    EXPECT_EQ(store->transcriptModel("s")->model, "claude-opus-4-5") << "the date hasn't changed";
+    files.setTime("/t/s.jsonl", fileTime(2));
+    loop.advance(1);
+    EXPECT_EQ(store->sessions().front().model, "claude-haiku-4-5");
+    EXPECT_GT(files.reads("/t/s.jsonl"), reads);
+    files.remove("/t/s.jsonl");
+    loop.advance(1);
+    EXPECT_EQ(store->transcriptModel("s"), nullptr);
+    EXPECT_EQ(store->sessions().front().model, "from-hook");
+}
+
+TEST_F(Store, TranscriptIsNotReadForItsModelWhenTheDesktopClientKnowsIt) {
+    files.write("/t/s.jsonl", "", fileTime(1));
+    files.write(
+        paths.desktopSessions() + "/a/b/local_1.json", R"({"cliSessionId":"s","sessionId":"l","model":"m"})"
+    );
+    status("s", "working", 0, R"(,"transcript":"/t/s.jsonl")");
+    status("o", "working", 0, R"(,"transcript":"/t/s.jsonl","agent":"other")");
+    start();
+    loop.advance(1);
+    EXPECT_EQ(store->transcriptModel("s"), nullptr);
+    EXPECT_EQ(store->transcriptModel("o"), nullptr);
+}
+
+TEST_F(Store, SubtasksKeepAFinishedTurnInTheBackground) {
+    files.write("/t/s/subagents/agent-a1.jsonl", "", fileTime(1'795'246'096));
+    status("s", "done", 0, R"(,"transcript":"/t/s.jsonl")");
+    start();
+    int changes = 0;
+    store->subtasksChanged().connect([&changes] { ++changes; });
+    loop.advance(1);
+    EXPECT_TRUE(store->subtasks().empty());
+    loop.advance(1);
+    ASSERT_EQ(store->subtasks().count("s"), 1U) << "subtasks come at each second tick";
+    EXPECT_EQ(store->sessions().front().mood, Mood::background);
+    EXPECT_EQ(changes, 1);
+    loop.advance(2);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(Store, OpenedSubtaskListIsReadAtOnce) {
+    status("s", "working", 0, R"(,"transcript":"/t/s.jsonl")");
+    start();
+    files.write("/t/s/subagents/agent-a1.jsonl", "", fileTime(1'795'246'096));
+    store->toggleSubtasks("s");
+    EXPECT_EQ(store->subtasks().count("s"), 1U);
+}
+
+TEST_F(Store, OpenCallBecomesAnApprovalAfterTenSeconds) {
+    const std::string call =
+        R"({"type":"assistant","timestamp":"2026-11-21T07:28:16Z","message":{"content":[{"type":"tool_use","id":"t","name":"Bash","input":{"command":"touch x","description":"Make x"}}]}})";
+    files.write("/t/s.jsonl", call + "\n", fileTime(1)); // the call is made as the loop begins
+    registered("s", "busy", 7, R"(,"startedAt":1795246000000)");
+    status("s", "working", 0, R"(,"transcript":"/t/s.jsonl")");
+    start();
+    loop.advance(9);
+    EXPECT_EQ(store->sessions().front().mood, Mood::working);
+    loop.advance(1);
+    EXPECT_EQ(store->sessions().front().mood, Mood::needsPermission);
+    EXPECT_EQ(store->sessions().front().activity(), "Bash: Make x");
+    EXPECT_EQ(keepers, Ids{"s"});
+    files.write("/t/s.jsonl", "", fileTime(2));
+    loop.advance(2);
+    EXPECT_EQ(store->sessions().front().mood, Mood::working);
 }
 
 TEST_F(Store, EndsCleanly) {

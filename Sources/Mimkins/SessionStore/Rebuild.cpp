@@ -38,12 +38,13 @@ Derivation SessionStore::derive(const std::string& id, Date now) const {
             }
         }
     }
+    const auto owned = ownedChanges(id);
+    inputs.repo = owned ? &*owned : nullptr;
     inputs.background = lookup(background_, id);
     inputs.rules = rules_;
     inputs.transcriptModel = transcriptModel(id);
     inputs.approval = lookup(approvals_, id);
-    const auto* pending = lookup(mainPending_, id);
-    inputs.toolPending = pending != nullptr && !pending->empty();
+    inputs.toolPending = approvalFinder_.hasOpenCall(id);
     inputs.now = now;
     return deriveSession(inputs);
 }
@@ -84,7 +85,39 @@ void SessionStore::rebuild(bool force) {
     if (builtOnce_) {
         notifyNewWaiters(list);
     }
+    const auto finished = justFinished(list);
     publish(std::move(list));
+    checkFinished(finished);
+}
+
+std::vector<std::string> SessionStore::justFinished(const std::vector<Session>& list) const {
+    std::set<std::string> finishedBefore;
+    for (const auto& session : sessions_) {
+        if (session.mood == Mood::yourTurn || session.mood == Mood::done ||
+            session.mood == Mood::commitWaiting) {
+            finishedBefore.insert(session.id);
+        }
+    }
+    std::vector<std::string> ids;
+    for (const auto& session : list) {
+        const bool finished = session.mood == Mood::yourTurn || session.mood == Mood::done;
+        if (finished && finishedBefore.count(session.id) == 0) {
+            ids.push_back(session.id);
+        }
+    }
+    return ids;
+}
+
+void SessionStore::checkFinished(const std::vector<std::string>& ids) {
+    if (ids.empty()) {
+        return;
+    }
+    for (const auto& id : ids) {
+        if (const auto root = repoRoot(id)) {
+            repositories_.repoCheckedAt.erase(*root);
+        }
+    }
+    refreshRepos();
 }
 
 void SessionStore::notifyNewWaiters(const std::vector<Session>& list) const {

@@ -1,12 +1,8 @@
 #include "SessionStore/SessionStore.h"
 
-#include "Base/Lookup.h"
-
 #include "SessionStore/RegistryReader.h"
 #include "SessionStore/StatusReader.h"
-#include "SessionStore/TranscriptLocation.h"
 
-#include <set>
 #include <utility>
 
 namespace mimkins {
@@ -19,11 +15,15 @@ constexpr double debounceSeconds = 0.1;
 
 /// The cadences of the sources, in ticks.
 constexpr std::int64_t appInfoTicks = 5;
+constexpr std::int64_t subtaskTicks = 2;
+constexpr std::int64_t repositoryTicks = 3;
 
 } // namespace
 
 SessionStore::SessionStore(Paths paths, SessionStoreServices services)
-    : paths_(std::move(paths)), services_(services), appSessions_(services.files) {
+    : paths_(std::move(paths)), services_(services), appSessions_(services.files),
+      transcriptReader_(services.files), subtaskList_(services.files),
+      approvalFinder_(services.files, services.processes) {
     statusFolders_.push_back(paths_.sessions());
     if (services_.files.isFolder(paths_.legacySessions())) {
         statusFolders_.push_back(paths_.legacySessions());
@@ -32,6 +32,7 @@ SessionStore::SessionStore(Paths paths, SessionStoreServices services)
     reloadAppInfo();
     reloadRegistry();
     reloadRecords();
+    refreshRepos();
     watch();
     timer_ = services_.loop.every(tickSeconds, [this] { tick(); });
 }
@@ -63,6 +64,13 @@ void SessionStore::tick() {
     }
     reloadTranscriptModels();
     reloadRegistry();
+    if (ticks_ % subtaskTicks == 0) {
+        reloadSubtasks();
+        refreshApprovals();
+    }
+    if (ticks_ % repositoryTicks == 0) {
+        refreshRepos();
+    }
     rebuild(false);
 }
 
@@ -71,6 +79,9 @@ void SessionStore::refreshAll() {
     reloadRegistry();
     reloadRecords();
     reloadTranscriptModels();
+    reloadSubtasks();
+    refreshApprovals();
+    refreshRepos();
     rebuild(false);
 }
 
@@ -87,6 +98,7 @@ void SessionStore::toggleSubtasks(const std::string& id) {
         expandedId_.reset();
     } else {
         expandedId_ = id;
+        reloadSubtasks();
     }
     rebuild(true);
 }
@@ -102,21 +114,6 @@ void SessionStore::reloadRegistry() {
 
 void SessionStore::reloadAppInfo() {
     appSessions_.reload(paths_.desktopSessions());
-}
-
-void SessionStore::reloadTranscriptModels() {}
-
-const ModelTag* SessionStore::transcriptModel(const std::string& id) const {
-    const auto* read = lookup(transcriptModels_, id);
-    return read != nullptr ? &read->tag : nullptr;
-}
-
-std::optional<std::string> SessionStore::transcriptPath(const std::string& id) const {
-    return mimkins::transcriptPath(paths_, id, lookup(records_, id), lookup(registry_, id));
-}
-
-std::optional<std::string> SessionStore::subagentsFolder(const std::string& id) const {
-    return mimkins::subagentsFolder(paths_, id, lookup(records_, id), lookup(registry_, id));
 }
 
 } // namespace mimkins

@@ -4,11 +4,17 @@
 #include "Base/Paths.h"
 #include "Platform/FileSystem.h"
 #include "Platform/FolderWatcher.h"
+#include "Platform/GitRunner.h"
 #include "Platform/Processes.h"
+#include "Platform/RandomAccessFile.h"
 #include "Platform/RunLoop.h"
+#include "Platform/WorkQueue.h"
 #include "Session/Derivation.h"
 #include "SessionStore/AppSessionReader.h"
 #include "SessionStore/SessionOrder.h"
+#include "Subtask/ApprovalFinder.h"
+#include "Subtask/SubtaskList.h"
+#include "Sweep/RepositoryWatch.h"
 
 #include <sigc++/signal.h>
 
@@ -28,6 +34,9 @@ struct SessionStoreServices {
     FileSystem& files;
     FolderWatcher& watcher;
     Processes& processes;
+    const GitRunner& git;
+    const RandomAccessFiles& transcripts; ///< how transcripts are opened off the main thread
+    WorkQueue& repositoryQueue;           ///< checks of repositories, several at once
 };
 
 /// The one source of truth: knows every source, reads each at its own pace, and publishes the ordered list of
@@ -46,7 +55,7 @@ public:
     const std::vector<Session>& sessions() const { return sessions_; }
 
     /// The subtasks of each session that has any, in display order.
-    const std::map<std::string, std::vector<Subtask>>& subtasks() const { return subtasks_; }
+    const SubtaskMap& subtasks() const { return subtasks_; }
 
     /// The session whose subtask list is open.
     const std::optional<std::string>& expandedId() const { return expandedId_; }
@@ -81,6 +90,12 @@ public:
 
     const std::map<std::string, PendingApproval>& approvals() const { return approvals_; }
 
+    const RepositoryWatch& repositories() const { return repositories_; }
+
+    std::optional<std::string> repoRoot(const std::string& id) const;
+    /// The uncommitted work that the session is shown.
+    std::optional<RepoChanges> ownedChanges(const std::string& id) const;
+
     /// The model that the session's transcript names, if it was read.
     const ModelTag* transcriptModel(const std::string& id) const;
     std::optional<std::string> transcriptPath(const std::string& id) const;
@@ -96,6 +111,9 @@ public:
     void reloadRegistry();
     void reloadAppInfo();
     void reloadTranscriptModels();
+    void reloadSubtasks();
+    void refreshApprovals();
+    void refreshRepos();
     /// One second's work.
     void tick();
     /// Every source once, whatever its pace, and a rebuild.
@@ -113,6 +131,13 @@ private:
     void scheduleReload();
     std::vector<Session> build(Date now);
     void notifyNewWaiters(const std::vector<Session>& list) const;
+    std::vector<std::string> justFinished(const std::vector<Session>& list) const;
+    void checkFinished(const std::vector<std::string>& ids);
+    void assignSubtasks(SubtaskMap subtasks);
+    std::vector<ApprovalSubject> approvalSubjects() const;
+    RepositoryCheck repositoryCheck(const std::string& root) const;
+    void startCheck(const std::string& root);
+    RootOf rootOf() const;
     void publish(std::vector<Session> list);
 
     Paths paths_;
@@ -120,7 +145,7 @@ private:
     std::vector<std::string> statusFolders_;
 
     std::vector<Session> sessions_;
-    std::map<std::string, std::vector<Subtask>> subtasks_;
+    SubtaskMap subtasks_;
     std::optional<std::string> expandedId_;
     sigc::signal<void()> sessionsChanged_;
     sigc::signal<void()> subtasksChanged_;
@@ -129,15 +154,20 @@ private:
     std::map<std::string, RegistryEntry> registry_;
     AppSessionReader appSessions_;
     std::map<std::string, TranscriptModel> transcriptModels_;
-    std::map<std::string, std::vector<PendingTool>> mainPending_;
+    SubtaskReader transcriptReader_;
+    SubtaskList subtaskList_;
+    ApprovalFinder approvalFinder_;
     std::map<std::string, PendingApproval> approvals_;
     std::map<std::string, BackgroundWork> background_;
+    RepositoryWatch repositories_;
     FirstSeen firstSeen_;
 
     SessionRules rules_;
     bool builtOnce_ = false;
     std::int64_t ticks_ = 0;
 
+    /// Ends with the store, so that a result that comes back later knows.
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
     std::vector<Handle> watches_;
     Handle pendingReload_;
     Handle timer_;

@@ -76,6 +76,11 @@ ApprovalVerdict ApprovalFinder::look(const ApprovalSubject& session, Date now) {
     return judge(lists, processesUnder(session.client->pid, *processes_), now);
 }
 
+bool ApprovalFinder::hasOpenCall(const std::string& sessionId) const {
+    const auto known = mainPending_.find(sessionId);
+    return known != mainPending_.end() && !known->second.tools.empty();
+}
+
 const std::vector<PendingTool>* ApprovalFinder::mainCalls(const ApprovalSubject& session) {
     const auto modified = files_->modified(*session.transcript);
     if (!modified) {

@@ -108,8 +108,11 @@ std::optional<RepoChanges> RepositoryWatch::ownedChanges(
     const std::string& sessionId, const std::vector<Session>& sessions, const RootOf& rootOf
 ) const {
     const auto root = rootOf(sessionId);
-    if (!root) {
+    if (!root || !repoChanges.contains(*root)) {
         return std::nullopt;
+    }
+    if (!repoOwners.contains(*root)) {
+        return repoChanges.at(*root); // nobody to tell apart, so nobody has to be counted
     }
     return mimkins::ownedChanges(known(*root), sessionId, sessionsSharing(*root, sessions, rootOf).size());
 }
