@@ -123,6 +123,7 @@ TEST(ConcurrentQueue, RunsAFewPiecesAtTheSameTimeButNotMore) {
     std::atomic<int> atOnce = 0;
     std::atomic<int> most = 0;
     std::atomic<int> done = 0;
+    std::atomic<bool> met = false;
     ConcurrentQueue queue("test", 3);
     std::promise<void> allThree;
     auto meeting = allThree.get_future().share();
@@ -132,7 +133,7 @@ TEST(ConcurrentQueue, RunsAFewPiecesAtTheSameTimeButNotMore) {
             int seen = most;
             while (present > seen && !most.compare_exchange_weak(seen, present)) {
             }
-            if (present == 3 && done < 3) {
+            if (present == 3 && !met.exchange(true)) {
                 allThree.set_value();
             }
             meeting.wait_for(patience); // the first three only meet if they run at the same time
