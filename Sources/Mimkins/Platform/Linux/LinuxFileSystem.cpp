@@ -46,9 +46,10 @@ std::optional<std::string> LinuxFileSystem::readFile(const std::string& path, st
     }
     // One byte more than the size, so that growth since the query shows and a file in /proc, which says 0, is
     // read as far as the limit allows.
-    std::string bytes(std::min(static_cast<std::size_t>(facts.st_size) + 1, limit + 1), '\0');
+    const std::size_t most = std::max(limit, limit + 1);
+    std::string bytes(std::min(static_cast<std::size_t>(facts.st_size) + 1, most), '\0');
     if (facts.st_size == 0) {
-        bytes.resize(std::min<std::size_t>(limit + 1, 65'536));
+        bytes.resize(std::min<std::size_t>(most, 65'536));
     }
     if (!readInto(file.get(), bytes, 0) || bytes.size() > limit) {
         return std::nullopt;

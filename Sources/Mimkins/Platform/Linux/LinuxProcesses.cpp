@@ -115,8 +115,11 @@ std::optional<std::vector<std::int32_t>> LinuxProcesses::listedChildren(std::int
     for (const auto thread : *threads) {
         const auto list =
             readKernelFile(folderOf(pid) + "/task/" + std::to_string(thread) + "/children", argumentsLimit);
-        answered = answered || list.has_value();
-        for (const auto word : text::splitDroppingEmpty(list.value_or(""), ' ')) {
+        if (!list) {
+            continue;
+        }
+        answered = true;
+        for (const auto word : text::splitDroppingEmpty(*list, ' ')) {
             if (const auto child = parsePid(word)) {
                 pids.push_back(*child);
             }

@@ -99,6 +99,7 @@ ThreadQueue::~ThreadQueue() {
         dropped.swap(state_->waiting);
     }
     state_->changed.notify_all();
+    dropped.clear(); // at once: closures may hold what somebody waits to see go
     for (auto& thread : state_->threads) {
         thread.join();
     }

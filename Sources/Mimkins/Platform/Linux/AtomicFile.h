@@ -1,0 +1,30 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <string_view>
+
+namespace mimkins {
+
+/// A new version of a file: written beside it under a hidden name and forced to the disk, it takes the file's
+/// place in one step. Until then nothing of the old one changes; an object that is destroyed before removes
+/// its temporary file.
+class AtomicFile {
+public:
+    /// Writes the bytes. `mode` is the file's access rights, unaffected by the umask. Throws `Error` with the
+    /// errno value of what failed.
+    AtomicFile(std::string path, std::string_view bytes, mode_t mode);
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+    ~AtomicFile();
+
+    /// Takes the file's place. Throws `Error` if that fails, and leaves the old file.
+    void replace();
+
+private:
+    std::string path_;
+    std::string temporary_; ///< empty once it has taken the file's place
+};
+
+} // namespace mimkins
