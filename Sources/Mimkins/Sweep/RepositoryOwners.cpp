@@ -25,7 +25,7 @@ std::vector<bool> changesBy(
     std::vector<bool> changed(search.names().size());
     for (const auto& path : session.paths) {
         if (const auto transcript = opener.open(path)) {
-            findChanges(*transcript, search, since, changed);
+            findChanges(*transcript, {search, since}, changed);
         }
     }
     return changed;

@@ -13,8 +13,6 @@ namespace mimkins {
 
 namespace {
 
-constexpr std::size_t blockSize = 262'144;
-
 /// How far from the end of a transcript the search goes: far more than any real one has, so that a file that
 /// only claims to be huge doesn't keep a processor busy for hours.
 constexpr std::uint64_t longestSearch = 4'294'967'296;
@@ -46,8 +44,8 @@ struct LineBounds {
 /// Finds the lines around positions in a file of which one block is at hand.
 class LineFinder {
 public:
-    LineFinder(const RandomAccessFile& file, const Block& block)
-        : file_(file), size_(file.identity().size), block_(block) {}
+    LineFinder(const RandomAccessFile& file, const Block& block, std::size_t blockSize)
+        : file_(file), size_(file.identity().size), block_(block), blockSize_(blockSize) {}
 
     /// The line around the bytes from `first` to `last`.
     LineBounds around(std::uint64_t first, std::uint64_t last) { return {lineBegin(first), lineEnd(last)}; }
@@ -76,7 +74,7 @@ private:
             if (position <= furthest) {
                 return position;
             }
-            const auto count = std::min<std::uint64_t>(position, blockSize);
+            const auto count = std::min<std::uint64_t>(position, blockSize_);
             outside_.load(file_, position - count, static_cast<std::size_t>(count));
             block = &outside_;
         }
@@ -106,29 +104,28 @@ private:
     }
 
     void loadAt(std::uint64_t position, std::uint64_t furthest) {
-        const auto count = std::min<std::uint64_t>(furthest - position, blockSize);
+        const auto count = std::min<std::uint64_t>(furthest - position, blockSize_);
         outside_.load(file_, position, static_cast<std::size_t>(count));
     }
 
     const RandomAccessFile& file_;
     std::uint64_t size_;
     const Block& block_;
+    std::size_t blockSize_;
     Block outside_;
 };
 
 /// The pass through one transcript.
 class ChangeSearch {
 public:
-    ChangeSearch(
-        const RandomAccessFile& file, const NameSearch& search, Date since, std::vector<bool>& changed
-    )
-        : file_(file), search_(search), since_(since), changed_(changed), lines_(file, block_),
-          names_(search.names().size()) {
-        for (std::size_t index = 0; index < names_.size(); ++index) {
+    ChangeSearch(const RandomAccessFile& file, const ChangeQuery& query, std::vector<bool>& changed)
+        : file_(file), query_(query), names_(query.search.names()), changed_(changed),
+          lines_(file, block_, query.blockSize), states_(names_.size()) {
+        for (std::size_t index = 0; index < states_.size(); ++index) {
             // A name with a newline can't stand in a line, where it would be escaped.
-            const bool findable = search_.names()[index].find('\n') == std::string::npos;
-            names_[index].settled = changed_[index] || !findable;
-            open_ += names_[index].settled ? 0U : 1U;
+            const bool findable = names_[index].find('\n') == std::string::npos;
+            states_[index].settled = changed_[index] || !findable;
+            open_ += states_[index].settled ? 0U : 1U;
         }
     }
 
@@ -137,10 +134,10 @@ public:
         std::uint64_t rest = file_.identity().size;
         const std::uint64_t furthest = rest - std::min(rest, longestSearch);
         while (rest > furthest && open_ > 0) {
-            const auto count = std::min<std::uint64_t>(rest - furthest, blockSize);
+            const auto count = std::min<std::uint64_t>(rest - furthest, query_.blockSize);
             rest -= count;
             block_.load(file_, rest, static_cast<std::size_t>(count));
-            search_.walk(block_.bytes, progress, [this](std::size_t name, std::size_t offset) {
+            query_.search.walk(block_.bytes, progress, [this](std::size_t name, std::size_t offset) {
                 visit(name, block_.position + offset);
                 return open_ > 0;
             });
@@ -156,8 +153,8 @@ private:
     };
 
     void visit(std::size_t index, std::uint64_t position) {
-        auto& name = names_[index];
-        const auto end = position + search_.names()[index].size();
+        auto& name = states_[index];
+        const auto end = position + names_[index].size();
         if (name.settled || end > name.lastMention) {
             return;
         }
@@ -174,7 +171,7 @@ private:
     }
 
     void judge(std::size_t index) {
-        const auto verdict = line_ ? line_->verdict(search_.names()[index], since_) : LineVerdict::silent;
+        const auto verdict = line_ ? line_->verdict(names_[index], query_.since) : LineVerdict::silent;
         if (verdict != LineVerdict::silent) {
             changed_[index] = verdict == LineVerdict::changes;
             settle(index);
@@ -182,7 +179,7 @@ private:
     }
 
     void settle(std::size_t index) {
-        names_[index].settled = true;
+        states_[index].settled = true;
         --open_;
     }
 
@@ -199,23 +196,21 @@ private:
     }
 
     const RandomAccessFile& file_;
-    const NameSearch& search_;
-    Date since_;
+    const ChangeQuery& query_;
+    const std::vector<std::string>& names_;
     std::vector<bool>& changed_;
     Block block_;
     LineFinder lines_;
-    std::vector<NameState> names_;
-    std::size_t open_ = 0; ///< names that aren't settled
+    std::vector<NameState> states_; ///< of the names, in their order
+    std::size_t open_ = 0;          ///< names that aren't settled
     std::optional<LineBounds> bounds_;
     std::optional<TranscriptLine> line_;
 };
 
 } // namespace
 
-void findChanges(
-    const RandomAccessFile& transcript, const NameSearch& search, Date since, std::vector<bool>& changed
-) {
-    ChangeSearch(transcript, search, since, changed).run();
+void findChanges(const RandomAccessFile& transcript, const ChangeQuery& query, std::vector<bool>& changed) {
+    ChangeSearch(transcript, query, changed).run();
 }
 
 } // namespace mimkins
