@@ -59,6 +59,11 @@ ApprovalRound ApprovalFinder::refresh(const std::vector<ApprovalSubject>& sessio
     return round;
 }
 
+const std::vector<PendingTool>* ApprovalFinder::mainPending(const std::string& sessionId) const {
+    const auto known = mainPending_.find(sessionId);
+    return known == mainPending_.end() ? nullptr : &known->second.tools;
+}
+
 ApprovalVerdict ApprovalFinder::look(const ApprovalSubject& session, Date now) {
     const Date started = session.client->started;
     std::vector<CallList> lists;

@@ -4,7 +4,7 @@
 #include "Base/Json.h"
 #include "Platform/FileSystem.h"
 #include "Session/Facts.h"
-#include "Session/ModelTag.h"
+#include "Model/ModelTag.h"
 #include "Subtask/TranscriptTail.h"
 
 #include <cstddef>

@@ -3,7 +3,7 @@
 #include "Base/Date.h"
 #include "Base/Json.h"
 #include "Session/Facts.h"
-#include "Session/ModelTag.h"
+#include "Model/ModelTag.h"
 #include "Subtask/TranscriptTail.h"
 
 #include <optional>
