@@ -44,7 +44,8 @@ Derivation SessionStore::derive(const std::string& id, Date now) const {
     inputs.rules = rules_;
     inputs.transcriptModel = transcriptModel(id);
     inputs.approval = lookup(approvals_, id);
-    inputs.toolPending = approvalFinder_.hasOpenCall(id);
+    const auto* openCalls = approvalFinder_.mainPending(id);
+    inputs.toolPending = openCalls != nullptr && !openCalls->empty();
     inputs.now = now;
     return deriveSession(inputs);
 }

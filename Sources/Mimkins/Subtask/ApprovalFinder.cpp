@@ -59,6 +59,11 @@ ApprovalRound ApprovalFinder::refresh(const std::vector<ApprovalSubject>& sessio
     return round;
 }
 
+const std::vector<PendingTool>* ApprovalFinder::mainPending(const std::string& sessionId) const {
+    const auto known = mainPending_.find(sessionId);
+    return known == mainPending_.end() ? nullptr : &known->second.tools;
+}
+
 ApprovalVerdict ApprovalFinder::look(const ApprovalSubject& session, Date now) {
     const Date started = session.client->started;
     std::vector<CallList> lists;
@@ -74,11 +79,6 @@ ApprovalVerdict ApprovalFinder::look(const ApprovalSubject& session, Date now) {
         return {};
     }
     return judge(lists, processesUnder(session.client->pid, *processes_), now);
-}
-
-bool ApprovalFinder::hasOpenCall(const std::string& sessionId) const {
-    const auto known = mainPending_.find(sessionId);
-    return known != mainPending_.end() && !known->second.tools.empty();
 }
 
 const std::vector<PendingTool>* ApprovalFinder::mainCalls(const ApprovalSubject& session) {
