@@ -1,3 +1,510 @@
 #!/bin/sh
-cat > /dev/null
+# Writes what an agent session is doing into one small file that Mimkins reads. The client runs this on each
+# of its events with a JSON document on standard input. Which event leads to which record is written down in
+# Documentation/hook-events.md.
+#
+# It needs a POSIX shell, any awk, date and mv. It always reads its input to the end, prints nothing, starts
+# nothing that outlives it, and ends with 0 whatever happens.
+
+trap 'exit 0' HUP INT TERM PIPE
+exec >/dev/null 2>&1
+umask 077
+LC_ALL=C
+PATH=${PATH:+$PATH:}/usr/bin:/bin
+export LC_ALL PATH
+
+if [ -t 0 ]; then
+    exit 0
+fi
+case $0 in
+*/*) sessions=${0%/*}/../sessions ;;
+*) sessions=../sessions ;;
+esac
+if [ ! -d "$sessions" ] || [ ! -w "$sessions" ]; then
+    cat
+    exit 0
+fi
+
+# Reads the document and prints what the rest of the script needs, one "=" and value to a line: the name of the
+# record's file, event, kind of event, tool, detail, model, effort, and the members of the record that depend on
+# nothing else. Values are JSON text. Prints nothing for an event that leaves the record alone, and for a
+# document that is cut off or is no object.
+#
+# The input is split at its quotes, so that each record is either what stands between two strings or a piece of
+# a string that ends at a quote. That keeps the work linear in the input whichever awk runs it: no string is
+# ever taken apart character by character unless it is short and wanted.
+reader='
+BEGIN {
+    RS = "\""
+    limit = 8192
+    bad = closed = inside = role = size = depth = keyed = 0
+    count = split("session_id transcript_path cwd hook_event_name agent_id tool_name source trigger model" \
+        " message notification_type prompt", names, " ")
+    for (i = 1; i <= count; i++) wanted[names[i]] = 1
+    inputs = split("description file_path notebook_path url pattern query command", input, " ")
+    for (i = 1; i <= inputs; i++) wanted["tool_input." input[i]] = 1
+    wanted["effort.level"] = 1
+    nul = sprintf("%c", 0)
+    if (length(nul) != 1) nul = ""
+}
+
+bad || closed { bad = 1; next }
+
+inside {
+    n = length($0)
+    open = n && substr($0, n) == "\\" && oddBackslashes($0, n)
+    if (role && size <= limit) {
+        text = text substr($0, 1, limit - size) (open ? "\"" : "")
+        size += n + open
+    }
+    if (open) next
+    inside = 0
+    if (role) endString()
+    next
+}
+
+{
+    inside = 1
+    role = 0
+    if (depth > 2 || (depth == 2 && outer == "")) {
+        if ($0 == ":" || $0 == ",") next
+        if ($0 !~ /[{}]|\[|\]/) next
+    }
+    between($0)
+    text = ""
+    size = 0
+}
+
+# Whether a piece that ends in a backslash ends in an odd number of them, so that the quote behind it is a part
+# of the string.
+function oddBackslashes(piece, n) {
+    if (n < 2 || substr(piece, n - 1, 1) != "\\") return 1
+    gsub(/\\\\/, "", piece)
+    return substr(piece, length(piece)) == "\\"
+}
+
+# Counted in halves down to small pieces, because the work of gsub grows with the square of the number of matches
+# in one awk, and that of substr with the length of the whole string in another.
+function openersIn(s,    half) {
+    if (length(s) <= 256) return gsub(/[{]|\[/, "", s)
+    half = int(length(s) / 2)
+    return openersIn(substr(s, 1, half)) + openersIn(substr(s, half + 1))
+}
+
+function closersIn(s,    half) {
+    if (length(s) <= 256) return gsub(/[}]|\]/, "", s)
+    half = int(length(s) / 2)
+    return closersIn(substr(s, 1, half)) + closersIn(substr(s, half + 1))
+}
+
+# Takes what stands between two strings: follows the depth and decides what the string behind it is for (role):
+# 1 and 2 are a key and a value of the document itself, 3 and 4 of an object in it that is wanted (outer).
+function between(s,    closers, depthBefore, last, openers) {
+    gsub(/[ \t\r\n]+/, "", s)
+    openers = openersIn(s)
+    closers = closersIn(s)
+    if (depth && openers && closers >= depth) {
+        match(s, /[{]|\[/)
+        if (closersIn(substr(s, 1, RSTART - 1)) >= depth) bad = 1
+    }
+    depthBefore = depth
+    depth += openers - closers
+    last = substr(s, length(s))
+    if (depthBefore == 0) {
+        if (s != "{") bad = 1
+        role = 1
+        return
+    }
+    if (depthBefore == 1 || (depthBefore == 2 && outer != "")) {
+        if (keyed != (substr(s, 1, 1) == ":")) bad = 1
+        if (depthBefore == 1) outer = (s == ":{" && (key == "effort" || key == "tool_input")) ? key : ""
+    }
+    keyed = 0
+    if (depth < 1) {
+        closed = 1
+        if (depth < 0 || last != "}") bad = 1
+    } else if (depth == 1) {
+        if (s == ":") role = (key in wanted) ? 2 : 0
+        else if (last == ",") role = 1
+        else bad = 1
+    } else if (depth == 2 && outer != "") {
+        if (s == ":") role = ((outer "." key) in wanted) ? 4 : 0
+        else role = 3
+    }
+    if (s == ":" && !role) keyed = 0
+}
+
+# A key makes what an earlier key of the same name held void.
+function endString(    i) {
+    if (role == 2 || role == 4) {
+        found = (role == 2) ? key : outer "." key
+        value[found] = text
+        cutOff[found] = size > limit
+        return
+    }
+    key = (size > 64) ? "" : text
+    if (index(key, "\\")) key = restored(plain(key))
+    keyed = 1
+    if (role == 3) {
+        delete value[outer "." key]
+        return
+    }
+    delete value[key]
+    if (key == "effort") delete value["effort.level"]
+    if (key == "tool_input") for (i = 1; i <= inputs; i++) delete value["tool_input." input[i]]
+}
+
+# JSON text in one normal form, in which a backslash pair is the one character 001, printable ASCII is written
+# as itself and half a surrogate pair is U+FFFD. Empty if it has control characters, wrong escapes or bad UTF-8.
+function plain(s,    hex, i, n, piece, rest, sign) {
+    if (nul != "" && index(s, nul)) return ""
+    if (s !~ /[\001-\037\134\177-\377]/) return s
+    if (s ~ /[\001-\037]/) return ""
+    if (s ~ /[\200-\377]/) {
+        rest = s
+        gsub(/[\302-\337][\200-\277]|\340[\240-\277][\200-\277]|[\341-\354\356\357][\200-\277][\200-\277]|\355[\200-\237][\200-\277]|\360[\220-\277][\200-\277][\200-\277]|[\361-\363][\200-\277][\200-\277][\200-\277]|\364[\200-\217][\200-\277][\200-\277]/, "", rest)
+        if (rest ~ /[\200-\377]/) return ""
+    }
+    if (!index(s, "\\")) return s
+    gsub(/\\\\/, "\001", s)
+    hex = "[0-9a-fA-F]"
+    rest = s
+    gsub("\\\\[\"/bfnrt]|\\\\u" hex hex hex hex, "", rest)
+    if (index(rest, "\\")) return ""
+    gsub(/\\\//, "/", s)
+    if (s !~ /\\u/) return s
+    gsub(/\\u0009/, "\\t", s)
+    gsub(/\\u000[aA]/, "\\n", s)
+    gsub(/\\u000[dD]/, "\\r", s)
+    while (match(s, /\\u00[2-7][0-9a-fA-F]/)) {
+        sign = 16 * substr(s, RSTART + 4, 1) + index("0123456789abcdef", tolower(substr(s, RSTART + 5, 1))) - 1
+        sign = (sign == 34) ? "\\\"" : (sign == 92) ? "\001" : sprintf("%c", sign)
+        s = substr(s, 1, RSTART - 1) sign substr(s, RSTART + 6)
+    }
+    if (s !~ /\\u[dD][89a-fA-F]/) return s
+    gsub("\\\\u[dD][89abAB]" hex hex "\\\\u[dD][c-fC-F]" hex hex, "\002&", s)
+    n = split(s, piece, "\002")
+    for (i = 1; i <= n; i++) {
+        rest = (i == 1) ? piece[i] : substr(piece[i], 13)
+        gsub("\\\\u[dD][89a-fA-F]" hex hex, "\\ufffd", rest)
+        s = (i == 1) ? rest : s substr(piece[i], 1, 12) rest
+    }
+    return s
+}
+
+# The JSON text of a normal form.
+function restored(s,    i, n, piece) {
+    if (!index(s, "\001")) return s
+    n = split(s, piece, "\001")
+    s = piece[1]
+    for (i = 2; i <= n; i++) s = s "\\\\" piece[i]
+    return s
+}
+
+# A name or path, which is of no use if it is not whole.
+function whole(name, longest) {
+    if (!(name in value) || cutOff[name] || length(value[name]) > longest) return ""
+    return plain(value[name])
+}
+
+# A text, of which the beginning does. Up to 12 bytes at a cut may be the torn half of a character.
+function beginning(name,    i, n, s) {
+    if (!(name in value)) return ""
+    n = length(value[name])
+    for (i = 0; i <= (cutOff[name] ? 12 : 0); i++) {
+        s = plain(substr(value[name], 1, n - i))
+        if (s != "") break
+    }
+    return s
+}
+
+# The first characters of a normal form.
+function shortened(s, most,    at, n, sign) {
+    if (length(s) <= most) return s
+    at = 1
+    for (n = 0; n < most && at <= length(s); n++) {
+        sign = substr(s, at, 4)
+        if (sign ~ /^\\u[dD][89abAB]/ || sign ~ /^\\u[dD]/ && substr(s, at + 3, 1) ~ /[89abAB]/) at += 12
+        else if (sign ~ /^\\u/) at += 6
+        else if (sign ~ /^\\/ || sign ~ /^[\300-\337]/) at += 2
+        else if (sign ~ /^[\340-\357]/) at += 3
+        else if (sign ~ /^[\360-\367]/) at += 4
+        else at++
+    }
+    return substr(s, 1, at - 1)
+}
+
+function firstLine(s) {
+    sub(/^( |\\[nrt])+/, "", s)
+    if (match(s, /\\[nr]/)) s = substr(s, 1, RSTART - 1)
+    return s
+}
+
+function lastComponent(path,    n, piece) {
+    n = split(path, piece, "/")
+    while (n > 1 && piece[n] == "") n--
+    return (piece[n] == "" && path != "") ? "/" : piece[n]
+}
+
+# The first of the tool inputs that has something to say.
+function detailOfInput(    i, name, s) {
+    for (i = 1; i <= inputs; i++) {
+        name = "tool_input." input[i]
+        s = (input[i] ~ /_path$/) ? lastComponent(whole(name, limit)) : beginning(name)
+        s = firstLine(s)
+        if (s != "") return shortened(s, 120)
+    }
+    return ""
+}
+
+# A file name that no id can lead astray and no two ids share.
+function fileName(id,    code, i, name, sign) {
+    name = id
+    gsub(/[A-Za-z0-9-]/, "", name)
+    if (name == "") return id
+    name = ""
+    for (i = 1; i < 256; i++) code[sprintf("%c", i)] = i
+    for (i = 1; i <= length(id); i++) {
+        sign = substr(id, i, 1)
+        name = name ((sign ~ /[A-Za-z0-9-]/ || (sign == "." && i > 1)) ? sign : "_" sprintf("%02x", code[sign]))
+    }
+    return name
+}
+
+function member(name, s) {
+    if (s != "") members = members ",\"" name "\":\"" restored(s) "\""
+}
+
+END {
+    if (bad || !closed || !inside) exit
+    event = whole("hook_event_name", 256)
+    if (event !~ /^(SessionStart|UserPromptSubmit|PreToolUse|PostToolUse|PostToolUseFailure|PermissionRequest|Notification|PreCompact|Stop|SessionEnd)$/) exit
+    if (value["agent_id"] != "") exit
+    id = restored(whole("session_id", 128))
+    name = fileName(id)
+    if (name == "" || length(name) > 200) exit
+
+    if (event == "Notification") {
+        kind = whole("notification_type", 256)
+        if (kind != "permission_prompt" && kind != "elicitation_dialog") exit
+        member("message", shortened(beginning("message"), 400))
+    }
+    if (event == "UserPromptSubmit")
+        kind = (substr(beginning("prompt"), 1, 19) == "<task-notification>") ? "task" : "typed"
+    if (event == "SessionStart") kind = whole("source", 256)
+    if (event == "PreCompact") kind = whole("trigger", 256)
+    if (event ~ /Tool|Permission/) {
+        tool = whole("tool_name", 256)
+        detail = detailOfInput()
+    }
+    members = members ",\"id\":\"" id "\""
+    path = whole("cwd", limit)
+    member("cwd", path)
+    member("project", lastComponent(path))
+    member("transcript", whole("transcript_path", limit))
+    print "=" name
+    print "=" event
+    print "=" restored(kind)
+    print "=" restored(tool)
+    print "=" restored(detail)
+    print "=" restored(whole("model", 256))
+    print "=" restored(whole("effort.level", 256))
+    print "=" members
+}
+'
+
+facts=$(awk "$reader") || cat
+set -f
+IFS='
+'
+# shellcheck disable=SC2086 # the words are the lines
+set -- $facts
+[ $# -eq 8 ] || exit 0
+name=${1#=} event=${2#=} kind=${3#=} tool=${4#=} detail=${5#=} model=${6#=} effort=${7#=} members=${8#=}
+record=$sessions/$name.json
+temporary=$sessions/.$name.$$.tmp
+
+if [ "$event" = SessionEnd ]; then
+    rm -f "$record"
+    exit 0
+fi
+
+# The time in milliseconds: from the shell where it has a clock, else from date, which has the fraction only in
+# some of its versions.
+now=${EPOCHREALTIME-}
+case $now in
+*[.,]??????)
+    fraction=${now#*[.,]}
+    now=${now%%[.,]*}${fraction%???}
+    ;;
+*) now=$(date +%s%3N) ;;
+esac
+case $now in
+*[!0-9]* | ?????????????????* | '') now=$(date +%s)000 ;;
+esac
+case $now in
+0*) exit 0 ;;
+esac
+
+# kept LINE NAME sets `value` to the JSON text of a member of the former record. The search can't be misled by
+# the text of another member: inside a string no quote stands without a backslash before it.
+kept() {
+    value=
+    case $1 in
+    *[{,]\""$2"\":*) value=${1#*[{,]\""$2"\":} ;;
+    *) return 0 ;;
+    esac
+    case $value in
+    \"*)
+        value=${value#\"}
+        value=${value%%\",\"*}
+        value=${value%\}}
+        value=${value%\"}
+        ;;
+    *)
+        value=${value%%[!0-9]*}
+        case $value in
+        0* | ????????????????*) value= ;;
+        esac
+        ;;
+    esac
+}
+
+# What the former record says. What is needed each time stands in its first line; the second has the detail.
+first='' second='' was='' since='' wasTool='' wasNotification='' before='' beforeSince='' title=''
+if [ -f "$record" ]; then
+    case $event in
+    Notification | SessionStart) { read -r first && read -r second; } <"$record" ;;
+    *) read -r first <"$record" ;;
+    esac
+    kept "$first" ts
+    ts=${value:-0}
+    kept "$first" since
+    since=$value
+    kept "$first" state
+    was=$value
+    if [ -z "$since" ] || [ "$ts" -gt $((now + 10000)) ]; then
+        was='' since=''
+    elif [ "$ts" -gt "$now" ]; then
+        exit 0
+    fi
+fi
+if [ -n "$was" ]; then
+    kept "$first" tool
+    wasTool=$value
+    kept "$first" notification
+    wasNotification=$value
+    kept "$first" before
+    before=$value
+    kept "$first" beforeSince
+    beforeSince=$value
+    if [ "$event$kind" != SessionStartstartup ] && [ "$event$kind" != SessionStartclear ]; then
+        kept "$first" title
+        title=$value
+        kept "$first" model
+        model=${model:-$value}
+        kept "$first" effort
+        effort=${effort:-$value}
+    fi
+fi
+
+# keepDetail takes the tool and detail of the former record over.
+keepDetail() {
+    tool=$wasTool
+    kept "$first$second" detail
+    detail=$value
+}
+
+# become STATE: the state begins now unless it is the former one.
+become() {
+    [ "$was" = "$1" ] && [ "$since" -le "$now" ] || since=$now
+    state=$1
+}
+
+notification='' extra=''
+case $event in
+SessionStart)
+    case $kind in
+    compact)
+        if [ -n "$before" ] && [ -n "$beforeSince" ]; then
+            state=$before since=$beforeSince
+        elif [ -n "$was" ]; then
+            state=$was notification=$wasNotification
+            keepDetail
+        else
+            become idle
+        fi
+        ;;
+    resume)
+        if [ "$was" = done ]; then
+            become done
+        else
+            become idle
+        fi
+        ;;
+    *)
+        was=
+        become idle
+        ;;
+    esac
+    ;;
+UserPromptSubmit)
+    [ "$kind" = task ] || was=
+    become working
+    ;;
+PreToolUse | PostToolUseFailure)
+    become working
+    ;;
+PostToolUse)
+    tool='' detail=''
+    become working
+    ;;
+PermissionRequest)
+    if [ "$wasTool" != "$tool" ] || [ "$wasNotification" = elicitation_dialog ]; then
+        was=
+    fi
+    become waiting
+    ;;
+Notification)
+    notification=$kind
+    if [ "$kind" = elicitation_dialog ]; then
+        if [ "$was" = working ] || [ "$was$wasNotification" = waitingelicitation_dialog ]; then
+            keepDetail
+        else
+            was=
+        fi
+    elif [ "$was" = waiting ] && [ "$wasNotification" != elicitation_dialog ]; then
+        keepDetail
+    else
+        was=
+    fi
+    become waiting
+    ;;
+PreCompact)
+    if [ -z "$before" ]; then
+        case $was$kind in
+        idle* | done*) before=$was beforeSince=$since ;;
+        *auto) before=working ;;
+        working* | waiting*) before=done beforeSince=$now ;;
+        *) before=idle ;;
+        esac
+    fi
+    become working
+    extra=",\"before\":\"$before\",\"beforeSince\":${beforeSince:-$since}"
+    ;;
+Stop)
+    become done
+    ;;
+esac
+
+line="{\"state\":\"$state\",\"since\":$since,\"ts\":$now,\"event\":\"$event\"${tool:+,\"tool\":\"$tool\"}"
+line=$line${notification:+,\"notification\":\"$notification\"}$extra
+line=$line${model:+,\"model\":\"$model\"}${effort:+,\"effort\":\"$effort\"}${title:+,\"title\":\"$title\"}
+
+# A hook of the same session that runs beside this one has another process number and so another file.
+trap 'rm -f "$temporary"; exit 0' HUP INT TERM PIPE
+if ! printf '%s\n%s\n%s}\n' "$line" "${detail:+,\"detail\":\"$detail\"}" "$members" >"$temporary" ||
+    ! mv -f "$temporary" "$record"; then
+    rm -f "$temporary"
+fi
 exit 0
