@@ -1,7 +1,6 @@
 """A throw-away home folder that holds everything one scenario writes."""
 
 import json
-import os
 import shutil
 import subprocess
 import tempfile
@@ -21,6 +20,12 @@ until [ -e "{home}/gates/$1" ] || [ ! -d "{home}/gates" ]; do sleep 0.1; done
 # The user's own hook: keeps one line for each event, so that a failed check can show what the client said.
 RECORD = """#!/bin/sh
 exec flock "{home}/events.lock" sh -c 'cat >> "{home}/events.jsonl"; echo >> "{home}/events.jsonl"'
+"""
+
+# Would read this machine's user's keys, whatever HOME says.
+SSH = """#!/bin/sh
+echo "There is no network here." >&2
+exit 255
 """
 
 
@@ -44,7 +49,7 @@ class Home:
         """The whole environment of a process of the scenario: nothing of this machine's user comes through."""
         return {
             "HOME": str(self.path),
-            "PATH": f"{self.path}/bin:{os.environ.get('PATH', '/usr/bin:/bin')}",
+            "PATH": f"{self.path}/bin:/usr/local/bin:/usr/bin:/bin",
             "TERM": "xterm-256color",
             "LANG": "C.UTF-8",
             "TMPDIR": str(self.path / "tmp"),
@@ -77,7 +82,7 @@ class Home:
     def _write_programs(self) -> None:
         (self.path / "tmp").mkdir()
         (self.path / "bin").mkdir()
-        for name, text in {"hold": HOLD, "record-event": RECORD}.items():
+        for name, text in {"hold": HOLD, "record-event": RECORD, "ssh": SSH}.items():
             program = self.path / "bin" / name
             program.write_text(text.format(home=self.path))
             program.chmod(0o755)

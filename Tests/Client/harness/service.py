@@ -1,6 +1,7 @@
 """The stand-in of the model service, as a process of this run."""
 
 import json
+import shutil
 import subprocess
 import urllib.request
 from pathlib import Path
@@ -22,7 +23,7 @@ class ModelService:
         path = home.path / "scripts.json"
         path.write_text(json.dumps(scripts))
         self._process = subprocess.Popen(
-            ["node", str(MAIN), str(path), str(self.log)],
+            [shutil.which("node") or "node", str(MAIN), str(path), str(self.log)],
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, env=home.environment(),
         )
         self.url = f"http://127.0.0.1:{int(self._process.stdout.readline())}"

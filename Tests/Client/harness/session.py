@@ -11,11 +11,17 @@ from .service import ModelService
 from .terminal import Terminal
 from .waiting import PATIENCE, Missed, stays, wait_for
 
+# Keeps the client to the one address that it is given. The proxy is a port that nothing listens at, for whatever
+# these switches don't cover.
 QUIET = {
     "DISABLE_TELEMETRY": "1",
     "DISABLE_AUTOUPDATER": "1",
     "DISABLE_ERROR_REPORTING": "1",
     "CLAUDE_CODE_DISABLE_NONESSENTIAL_TRAFFIC": "1",
+    "CLAUDE_CODE_DISABLE_OFFICIAL_MARKETPLACE_AUTOINSTALL": "1",
+    "HTTP_PROXY": "http://127.0.0.1:9",
+    "HTTPS_PROXY": "http://127.0.0.1:9",
+    "NO_PROXY": "127.0.0.1",
 }
 SETTLED_SECONDS = 1.5
 

@@ -72,9 +72,17 @@ def end(process: int) -> None:
     until = time.monotonic() + ENDING_SECONDS
     try:
         os.kill(process, signal.SIGTERM)
-        while time.monotonic() < until:
-            os.kill(process, 0)
+        while is_running(process):
+            if time.monotonic() > until:
+                os.kill(process, signal.SIGKILL)
             time.sleep(0.05)
-        os.kill(process, signal.SIGKILL)
     except ProcessLookupError:
         pass
+
+
+def is_running(process: int) -> bool:
+    """Whether there is such a process and it hasn't ended; one that only waits to be collected has."""
+    try:
+        return Path(f"/proc/{process}/stat").read_text().rpartition(")")[2].split()[0] != "Z"
+    except (FileNotFoundError, ProcessLookupError):
+        return False
