@@ -17,8 +17,11 @@ def call(name: str, **tool_input) -> Step:
 
 
 def bash(command: str, **more) -> Step:
-    """The model runs a shell command. `hold NAME` is the one that needs no permission and waits to be let on."""
-    return call("Bash", command=command, description=f"Run {command.split()[0]}", **more)
+    """The model runs a shell command, and describes it in the same words.
+
+    `hold NAME` is the command that needs no permission and waits to be let on.
+    """
+    return call("Bash", command=command, description=command, **more)
 
 
 def held(gate: str, step: Step) -> Step:
