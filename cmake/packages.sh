@@ -6,6 +6,7 @@ packages_interface="qt6-base-dev libxcb1-dev libxcb-ewmh-dev libgl-dev fonts-dej
 packages_display="xvfb openbox x11-utils imagemagick"
 packages_test="libgtest-dev libgmock-dev librapidcheck-dev strace git busybox mawk gawk original-awk bash dash
 python3 xdotool trayer acl attr"
+packages_client="tmux python3 git util-linux"
 packages_bench="libbenchmark-dev jq ripgrep"
 packages_check="clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev"
 

@@ -1,0 +1,33 @@
+"""A subagent whose own events reach the same hook and must not be taken for the session's."""
+
+from harness.answers import bash, call, held, say
+
+SCRIPTS = {
+    "delegate": [
+        call("Agent", description="Look around", prompt="script:look", subagent_type="general-purpose"),
+        held("summary", say("The subagent has looked.")),
+    ],
+    "look": [bash("hold look"), bash("cat none.txt"), held("thought", say("I have looked."))],
+}
+
+
+def run(session, check):
+    session.start()
+    with check("a session that waits for its subagent is working, with the subagent as its tool"):
+        session.prompt("delegate")
+        session.wait_event("PreToolUse", tool_name="Bash")
+        session.reaches("working", activity="Delegating: Look around")
+        session.keeps("working", activity="Delegating: Look around")
+    with check("a failure within the subagent is no snag of the session"):
+        session.open("look")
+        session.service.wait_held("thought")
+        session.wait_event("PostToolUseFailure")
+        session.keeps("working", activity="Delegating: Look around")
+    with check("the end of the subagent is not the end of the turn"):
+        session.open("thought")
+        session.service.wait_held("summary")
+        session.wait_event("SubagentStop")
+        session.keeps("working")
+    with check("the end of the turn is"):
+        session.open("summary")
+        session.reaches("yourTurn")
