@@ -26,7 +26,8 @@ void writeAll(int descriptor, std::string_view bytes, const std::string& path) {
 }
 
 /// Makes the temporary file, removing it again if it can't be completed.
-std::string writeTemporary(const std::string& path, std::string_view bytes, mode_t mode) {
+std::string
+writeTemporary(const std::string& path, std::string_view bytes, mode_t mode, Durability durability) {
     const std::filesystem::path target(path);
     std::string temporary = (target.parent_path() / ("." + target.filename().string() + ".XXXXXX")).string();
     const FileDescriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
@@ -35,7 +36,8 @@ std::string writeTemporary(const std::string& path, std::string_view bytes, mode
     }
     try {
         writeAll(file.get(), bytes, path);
-        if (::fchmod(file.get(), mode) != 0 || ::fsync(file.get()) != 0) {
+        const bool synced = durability == Durability::cached || ::fsync(file.get()) == 0;
+        if (!synced || ::fchmod(file.get(), mode) != 0) {
             throw Error::posix(errno, "Couldn't write " + path);
         }
     } catch (...) {
@@ -47,8 +49,8 @@ std::string writeTemporary(const std::string& path, std::string_view bytes, mode
 
 } // namespace
 
-AtomicFile::AtomicFile(std::string path, std::string_view bytes, mode_t mode)
-    : path_(std::move(path)), temporary_(writeTemporary(path_, bytes, mode)) {}
+AtomicFile::AtomicFile(std::string path, std::string_view bytes, mode_t mode, Durability durability)
+    : path_(std::move(path)), temporary_(writeTemporary(path_, bytes, mode, durability)) {}
 
 AtomicFile::~AtomicFile() {
     if (!temporary_.empty()) {
