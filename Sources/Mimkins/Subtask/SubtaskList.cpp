@@ -66,7 +66,7 @@ std::vector<Subtask> SubtaskList::readFolder(const std::string& folder, Date now
         if (text::pathExtension(name) != "jsonl") {
             continue;
         }
-        const std::string path = folder + "/" + name;
+        const std::string path = std::string(folder).append("/").append(name);
         const auto modified = files_->modified(path);
         const Date date = modified ? modified->date() : Date::distantPast();
         if (!(now - date < SubtaskReader::longestSilence)) {

@@ -2,9 +2,9 @@
 
 #include "Base/Date.h"
 #include "Base/Json.h"
+#include "Model/ModelTag.h"
 #include "Platform/FileSystem.h"
 #include "Session/Facts.h"
-#include "Model/ModelTag.h"
 #include "Subtask/TranscriptTail.h"
 
 #include <cstddef>

@@ -2,8 +2,8 @@
 
 #include "Base/Date.h"
 #include "Base/Json.h"
-#include "Session/Facts.h"
 #include "Model/ModelTag.h"
+#include "Session/Facts.h"
 #include "Subtask/TranscriptTail.h"
 
 #include <optional>
