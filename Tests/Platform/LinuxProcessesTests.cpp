@@ -127,7 +127,7 @@ TEST(LinuxProcesses, BootTimeRefinesTheKernelsOwnFigure) {
 
 TEST(LinuxProcesses, ZombieIsAliveButHasNothingToTell) {
     const LinuxProcesses processes;
-    const ChildProcess child("/bin/bash", {"bash", "-c", "read line"});
+    const ChildProcess child("/bin/bash", {"bash", "-c", "kill -STOP $$"});
     child.killOnly();
     EXPECT_TRUE(processes.isAlive(child.pid()));
     EXPECT_THAT(processes.children(::getpid()), Contains(child.pid()));
@@ -192,8 +192,8 @@ TEST(LinuxProcesses, IdsBelowOneAreNobody) {
 TEST(LinuxProcesses, ShellsAreKnownByTheirExecutable) {
     const TemporaryFolder folder;
     const LinuxProcesses processes;
-    const ChildProcess bash("/bin/bash", {"anything", "-c", "read line < /dev/zero"});
-    const ChildProcess system("/bin/sh", {"anything", "-c", "while :; do /bin/sleep 1000; done"});
+    const ChildProcess bash("/bin/bash", {"anything", "-c", "kill -STOP $$"});
+    const ChildProcess system("/bin/sh", {"anything", "-c", "kill -STOP $$"});
     const ChildProcess zsh(copyOfSleep(folder, "zsh"), {"x", "1000"});
     const ChildProcess notQuite(copyOfSleep(folder, "fish"), {"zsh", "1000"});
     const ChildProcess suffix(copyOfSleep(folder, "mybash"), {"bash", "1000"});
@@ -202,9 +202,6 @@ TEST(LinuxProcesses, ShellsAreKnownByTheirExecutable) {
     EXPECT_TRUE(processes.isShell(zsh.pid()));
     EXPECT_FALSE(processes.isShell(notQuite.pid()));
     EXPECT_FALSE(processes.isShell(suffix.pid()));
-    for (const auto child : processes.children(system.pid())) {
-        ::kill(child, SIGKILL);
-    }
 }
 
 TEST(LinuxProcesses, WhatTheSystemsShellLeadsToIsAShell) {
