@@ -175,7 +175,7 @@ function endString(    i) {
 # as itself and half a surrogate pair is U+FFFD. Empty if it has control characters, wrong escapes or bad UTF-8.
 function plain(s,    hex, i, n, piece, rest, sign) {
     if (nul != "" && index(s, nul)) return ""
-    if (s !~ /[\001-\037\134\177-\377]/) return s
+    if (s !~ /[\001-\037\177-\377]/ && !index(s, "\\")) return s
     if (s ~ /[\001-\037]/) return ""
     if (s ~ /[\200-\377]/) {
         rest = s

@@ -60,9 +60,7 @@ TEST_P(Replay, GivesTheRecordsOfTheTable) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Pairs, Replay, testing::ValuesIn(allHookPairs()), [](const auto& info) {
-    return pairName(info.param);
-});
+INSTANTIATE_TEST_SUITE_P(Pairs, Replay, testing::ValuesIn(allHookPairs()), pairNameOf);
 
 } // namespace
 } // namespace mimkins::test
