@@ -48,22 +48,12 @@ BEGIN {
     if (length(nul) != 1) nul = ""
 }
 
-bad || closed { bad = 1; next }
-
-inside {
-    n = length($0)
-    open = n && substr($0, n) == "\\" && oddBackslashes($0, n)
-    if (role && size <= limit) {
-        text = text substr($0, 1, limit - size) (open ? "\"" : "")
-        size += n + open
+# Between two strings, and, once the document has ended, for good.
+!inside {
+    if (bad || closed) {
+        bad = 1
+        next
     }
-    if (open) next
-    inside = 0
-    if (role) endString()
-    next
-}
-
-{
     inside = 1
     role = 0
     if (depth > 2 || (depth == 2 && outer == "")) {
@@ -71,20 +61,47 @@ inside {
         if ($0 !~ /[{}]|\[|\]/) next
     }
     between($0)
+    if (bad) inside = 0
     text = ""
     size = 0
+    next
+}
+
+# In a string.
+{
+    n = length($0)
+    open = substr($0, n) == "\\" && oddBackslashes($0, n)
+    if (role && size <= limit) {
+        text = text substr($0, 1, limit - size) (open ? "\"" : "")
+        size += n + open
+    }
+    if (open) next
+    inside = 0
+    if (role) endString()
 }
 
 # Whether a piece that ends in a backslash ends in an odd number of them, so that the quote behind it is a part
 # of the string.
-function oddBackslashes(piece, n) {
+function oddBackslashes(piece, n,    run, some, step) {
     if (n < 2 || substr(piece, n - 1, 1) != "\\") return 1
-    gsub(/\\\\/, "", piece)
-    return substr(piece, length(piece)) == "\\"
+    run = "\\"
+    for (some = 1; 2 * some <= n && substr(piece, n - 2 * some + 1) == run run; some *= 2) run = run run
+    for (step = some / 2; step >= 1; step /= 2)
+        if (some + step <= n && substr(piece, n - some - step + 1, step) == substr(run, 1, step)) some += step
+    return some % 2
 }
 
-# Counted in halves down to small pieces, because the work of gsub grows with the square of the number of matches
-# in one awk, and that of substr with the length of the whole string in another.
+# These work on halves down to small pieces, because the work of gsub grows with the square of the number of
+# matches in some awks, and that of substr with the length of the whole string in others.
+function withoutSpace(s,    half) {
+    if (length(s) <= 256) {
+        gsub(/[ \t\r\n]+/, "", s)
+        return s
+    }
+    half = int(length(s) / 2)
+    return withoutSpace(substr(s, 1, half)) withoutSpace(substr(s, half + 1))
+}
+
 function openersIn(s,    half) {
     if (length(s) <= 256) return gsub(/[{]|\[/, "", s)
     half = int(length(s) / 2)
@@ -100,7 +117,7 @@ function closersIn(s,    half) {
 # Takes what stands between two strings: follows the depth and decides what the string behind it is for (role):
 # 1 and 2 are a key and a value of the document itself, 3 and 4 of an object in it that is wanted (outer).
 function between(s,    closers, depthBefore, last, openers) {
-    gsub(/[ \t\r\n]+/, "", s)
+    s = withoutSpace(s)
     openers = openersIn(s)
     closers = closersIn(s)
     if (depth && openers && closers >= depth) {
@@ -158,7 +175,7 @@ function endString(    i) {
 # as itself and half a surrogate pair is U+FFFD. Empty if it has control characters, wrong escapes or bad UTF-8.
 function plain(s,    hex, i, n, piece, rest, sign) {
     if (nul != "" && index(s, nul)) return ""
-    if (s !~ /[\001-\037\134\177-\377]/) return s
+    if (s !~ /[\001-\037\177-\377]/ && !index(s, "\\")) return s
     if (s ~ /[\001-\037]/) return ""
     if (s ~ /[\200-\377]/) {
         rest = s
@@ -276,7 +293,7 @@ function member(name, s) {
 }
 
 END {
-    if (bad || !closed || !inside) exit
+    if (bad || !closed) exit
     event = whole("hook_event_name", 256)
     if (event !~ /^(SessionStart|UserPromptSubmit|PreToolUse|PostToolUse|PostToolUseFailure|PermissionRequest|Notification|PreCompact|Stop|SessionEnd)$/) exit
     if (value["agent_id"] != "") exit
@@ -323,6 +340,9 @@ set -- $facts
 name=${1#=} event=${2#=} kind=${3#=} tool=${4#=} detail=${5#=} model=${6#=} effort=${7#=} members=${8#=}
 record=$sessions/$name.json
 temporary=$sessions/.$name.$$.tmp
+if [ -d "$record" ]; then
+    exit 0
+fi
 
 if [ "$event" = SessionEnd ]; then
     rm -f "$record"
