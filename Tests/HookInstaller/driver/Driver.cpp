@@ -1,0 +1,77 @@
+// hook_driver HOME SCRIPT connect|disconnect
+//
+// Runs one operation of the installer on a throw-away home. Prints how many calls into the C library the
+// faults counted, then the message. Exit code 0 on success, 1 on failure.
+//
+// Without words it reads lines of such words and settings of the environment (NAME=VALUE), separated by tabs.
+// For each it runs the operation in a process of its own and prints, after what that prints, its exit code,
+// or 128 plus the number of the signal that ended it.
+
+#include "HookInstaller/Connection.h"
+#include "Platform/Linux/LinuxSettingsFiles.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+extern "C" {
+// From Faults.cpp when it is preloaded.
+__attribute__((weak)) void beginFaults();
+__attribute__((weak)) int endFaults();
+}
+
+namespace {
+
+int runOperation(const std::string& home, const std::string& script, const std::string& operation) {
+    mimkins::LinuxSettingsFiles files;
+    mimkins::HookInstaller installer{mimkins::Paths{home}, script, files};
+    // A tracer sees by this call where the operation begins.
+    [[maybe_unused]] const int marker = ::access("/operation-begins", F_OK);
+    if (beginFaults != nullptr) {
+        beginFaults();
+    }
+    const auto outcome = operation == "connect" ? mimkins::connectAndReport(installer)
+                                                : mimkins::disconnectAndReport(installer);
+    const int calls = endFaults != nullptr ? endFaults() : 0;
+    std::printf("%d %s\n", calls, outcome.message.c_str());
+    std::fflush(stdout);
+    return outcome.failed ? 1 : 0;
+}
+
+int runInChild(std::vector<std::string> words) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        for (std::size_t index = 3; index < words.size(); ++index) {
+            ::putenv(words[index].data());
+        }
+        ::_exit(runOperation(words[0], words[1], words[2]));
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    constexpr int signalBase = 128;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    if (count == 4) {
+        return runOperation(words[1], words[2], words[3]);
+    }
+    for (std::string line; std::getline(std::cin, line);) {
+        std::vector<std::string> pieces;
+        std::istringstream stream(line);
+        for (std::string piece; std::getline(stream, piece, '\t');) {
+            pieces.push_back(piece);
+        }
+        std::printf("%d\n", pieces.size() < 3 ? 2 : runInChild(pieces));
+        std::fflush(stdout);
+    }
+    return 0;
+}
