@@ -2,6 +2,9 @@
 
 Step = dict
 
+# The scenario's home folder, in any text of a script.
+HOME_FOLDER = "{home}"
+
 # The service puts the path in its place: the client makes it up and tells the model of it.
 PLAN_FILE = "{plan file}"
 

@@ -64,6 +64,11 @@ class Home:
         """Lets every `hold` end, now and later."""
         shutil.rmtree(self.path / "gates", ignore_errors=True)
 
+    def git(self, *words: str) -> None:
+        """Runs git in the project, as its user."""
+        who = ["-c", "user.name=Kim", "-c", "user.email=kim@example.org"]
+        subprocess.run(["git", *who, *words], cwd=self.project, env=self.environment(), check=True)
+
     def events(self) -> list[dict]:
         """What the client has told its hooks so far, oldest first."""
         return [json.loads(line) for line in self._lines(self.path / "events.jsonl")]
@@ -90,9 +95,9 @@ class Home:
     def _write_project(self) -> None:
         self.project.mkdir()
         (self.project / "a.txt").write_text("hello\n")
-        name = ["-c", "user.name=Kim", "-c", "user.email=kim@example.org"]
-        for command in (["init", "-q", "-b", "main"], ["add", "."], [*name, "commit", "-q", "-m", "Start the shop"]):
-            subprocess.run(["git", *command], cwd=self.project, env=self.environment(), check=True)
+        self.git("init", "-q", "-b", "main")
+        self.git("add", ".")
+        self.git("commit", "-q", "-m", "Start the shop")
 
     def _users_settings(self) -> dict:
         recorder = {"hooks": [{"type": "command", "command": f"{self.path}/bin/record-event"}]}

@@ -35,7 +35,8 @@ class Mimkin:
         done = subprocess.run(command, env=self._home.environment(), capture_output=True, text=True, timeout=20)
         self.last_answer = done.stdout
         if done.returncode != 0:
-            raise Missed(f"{' '.join(words)} ended with {done.returncode}: {done.stderr.strip() or done.stdout.strip()}")
+            said = done.stderr.strip() or done.stdout.strip()
+            raise Missed(f"{' '.join(words)} ended with {done.returncode}: {said}")
         try:
             return json.loads(done.stdout)
         except json.JSONDecodeError as error:

@@ -7,7 +7,7 @@ import urllib.request
 from pathlib import Path
 from urllib.parse import urlencode
 
-from .answers import Step
+from .answers import HOME_FOLDER, Step
 from .home import Home
 from .waiting import wait_for
 
@@ -21,7 +21,7 @@ class ModelService:
         self.log = home.path / "service.log"
         self.log.touch()
         path = home.path / "scripts.json"
-        path.write_text(json.dumps(scripts))
+        path.write_text(json.dumps(scripts).replace(HOME_FOLDER, str(home.path)))
         self._process = subprocess.Popen(
             [shutil.which("node") or "node", str(MAIN), str(path), str(self.log)],
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, env=home.environment(),

@@ -38,12 +38,12 @@ class Session:
         self._terminal: Optional[Terminal] = None
         self.moods: list[str] = []
 
-    def start(self, *options: str) -> None:
+    def start(self, permission_mode: str = "default") -> None:
         """Starts the client and returns once it can be typed into."""
         environment = self.home.environment(
             ANTHROPIC_BASE_URL=self.service.url, ANTHROPIC_API_KEY=KEY, **QUIET
         )
-        command = [str(self._client), "--session-id", self.id, *options]
+        command = [str(self._client), "--session-id", self.id, "--permission-mode", permission_mode]
         self._terminal = Terminal(self.home, command, environment)
         self.sees("❯")
 

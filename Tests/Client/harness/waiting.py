@@ -31,3 +31,9 @@ def stays(what: str, look: Callable[[], bool], seconds: float) -> None:
         if not look():
             raise Missed(f"did not stay: {what}")
         time.sleep(PAUSE)
+
+
+def expect(true: bool, otherwise: str) -> None:
+    """Raises Missed with these words unless the first argument is true."""
+    if not true:
+        raise Missed(otherwise)

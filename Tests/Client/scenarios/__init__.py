@@ -1,5 +1,31 @@
 """The scenarios, in the order in which they run."""
 
-from . import background, compaction, connection, failure, interrupt, permission, plan, question, session, subagent
+from . import (
+    background,
+    commit,
+    compaction,
+    connection,
+    failure,
+    interrupt,
+    permission,
+    plan,
+    question,
+    session,
+    subagent,
+    supervising,
+)
 
-ALL = [connection, session, permission, question, plan, failure, background, subagent, interrupt, compaction]
+ALL = [
+    connection,
+    session,
+    permission,
+    question,
+    plan,
+    failure,
+    background,
+    subagent,
+    supervising,
+    commit,
+    interrupt,
+    compaction,
+]

@@ -4,7 +4,7 @@ import json
 
 from harness.answers import say
 from harness.home import Home
-from harness.waiting import Missed
+from harness.waiting import expect
 
 SCRIPTS = {"hello": [say("Hello.")]}
 
@@ -32,8 +32,3 @@ def keeps_the_users(home: Home) -> bool:
     wanted = home.users_settings
     hooks = all(group in settings["hooks"][event] for event, groups in wanted["hooks"].items() for group in groups)
     return hooks and settings["permissions"] == wanted["permissions"]
-
-
-def expect(true: bool, otherwise: str) -> None:
-    if not true:
-        raise Missed(otherwise)

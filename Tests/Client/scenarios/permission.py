@@ -1,7 +1,7 @@
 """A command that the user has to allow."""
 
 from harness.answers import bash, say
-from harness.waiting import Missed
+from harness.waiting import expect
 
 DIALOG = "Do you want to proceed"
 SCRIPTS = {
@@ -30,8 +30,7 @@ def run(session, check):
         session.prompt("refused")
         session.sees(DIALOG)
         again = session.reaches("needsPermission", tool="Bash")
-        if again["since"] <= asked["since"]:
-            raise Missed(f"{again['since']} is not later than {asked['since']}")
+        expect(again["since"] > asked["since"], f"{again['since']} is not later than {asked['since']}")
     with check("refused, it is the user's turn"):
         session.press("Escape")
         session.reaches("yourTurn")

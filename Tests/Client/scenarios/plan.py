@@ -12,7 +12,7 @@ SCRIPTS = {
 
 
 def run(session, check):
-    session.start("--permission-mode", "plan")
+    session.start(permission_mode="plan")
     with check("a plan reads as a plan to approve"):
         session.prompt("plan")
         session.sees("Would you like to proceed")

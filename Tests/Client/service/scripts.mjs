@@ -2,7 +2,8 @@
 // are the assistant's messages after that prompt, one after the other. Nothing is remembered between requests,
 // so that a repeated request gets the same answer.
 
-const outsidePrompts = { text: 'Noted.' };
+// Answers what no script foresees, such as the client's own prompt when a background command has ended.
+const unscripted = { text: 'Noted.' };
 
 /// The script's name and its step for this request.
 export function chooseStep(scripts, body) {
@@ -27,10 +28,10 @@ function withPlanFile(step, body) {
 function scriptedStep(scripts, body) {
     const { prompt, stepsTaken } = lastPrompt(body.messages ?? []);
     const name = [...prompt.matchAll(/\bscript:([a-z-]+)/g)].at(-1)?.[1];
-    if (!name) return { name: '(no script)', step: outsidePrompts };
+    if (!name) return { name: '(no script)', step: unscripted };
     const steps = scripts[name];
     if (!steps) return { name, step: { text: `There is no script named ${name}.` } };
-    return { name, step: steps[stepsTaken] ?? { text: 'The script has ended.' } };
+    return { name, step: steps[stepsTaken] ?? unscripted };
 }
 
 /// The latest text that stands for a prompt, and how many answers have followed it.
