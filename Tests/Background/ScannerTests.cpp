@@ -1,61 +1,9 @@
-#include "Background/BackgroundScanner.h"
-#include "Background/MemoryFiles.h"
-#include "Background/NaiveScanner.h"
-#include "Base/DateText.h"
+#include "Background/ScannerFixture.h"
 #include "Support/FakeProcesses.h"
-#include "Support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 using namespace mimkins;
+using namespace mimkins::test;
 using namespace std::string_literals;
-
-namespace {
-
-const std::string path = "/t.jsonl";
-const Date now = text::parseIso8601("2026-11-21T08:00:00Z").value();
-const Date processStart = text::parseIso8601("2026-11-21T07:00:00Z").value();
-
-std::string timed(const std::string& content, const std::string& time = "2026-11-21T07:30:00.500Z") {
-    return "{\"content\":\"" + content + "\",\"timestamp\":\"" + time + "\"}\n";
-}
-
-std::string started(const std::string& id, const std::string& time = "2026-11-21T07:30:00.500Z") {
-    return timed("Command running in background with ID: " + id + ". Output is", time);
-}
-
-std::string finished(const std::string& id, const std::string& status = "completed") {
-    return timed("<task-id>" + id + "</task-id>\\n<status>" + status + "</status>");
-}
-
-std::string cronCall(const std::string& call, const std::string& prompt) {
-    return R"({"type":"tool_use","id":")" + call +
-           R"(","name":"CronCreate","input":{"cron":"30 14 2 12 *","prompt":")" + prompt + "\"}}\n";
-}
-
-std::string cronResult(const std::string& call, const std::string& announcement) {
-    return R"([{"tool_use_id":")" + call + R"(","type":"tool_result","content":")" + announcement +
-           "\"}],\"timestamp\":\"2026-11-21T07:30:00Z\"}\n";
-}
-
-class Scanner : public testing::Test {
-protected:
-    void SetUp() override { ::setenv("TZ", "UTC", 1); }
-
-    BackgroundWork scan(const std::string& bytes) {
-        files.write(path, bytes);
-        return scanner.scan(path, processStart, now);
-    }
-
-    const Tally& tally() const { return scanner.tallies().at(path); }
-
-    test::MemoryFiles files;
-    BackgroundScanner scanner{files};
-};
-
-} // namespace
 
 TEST_F(Scanner, CountsCommandsThatHaveNotEnded) {
     EXPECT_EQ(scan(started("a1") + started("b2") + finished("a1")).commands, 1);
@@ -103,9 +51,9 @@ TEST_F(Scanner, AStatusTooFarFromItsTaskDoesNotEndIt) {
 TEST_F(Scanner, ATaskOfAnEarlierProcessIsDead) {
     EXPECT_EQ(scan(started("a1", "2026-11-21T06:59:59.999Z")).commands, 0);
     EXPECT_EQ(scan(started("a1", "2026-11-21T07:00:00Z")).commands, 1);
-    const auto result = cronResult("toolu_1", "Scheduled recurring task ab (0 9 * * 1)");
-    EXPECT_EQ(scan(result).scheduled, 1);
-    EXPECT_EQ(scanner.scan(path, processStart + 3600, now).scheduled, 0);
+    files.write("/s", cronResult("toolu_1", "Scheduled recurring task ab (0 9 * * 1)"));
+    EXPECT_EQ(scanner.scan("/s", processStart + 1'800, now).scheduled, 1);
+    EXPECT_EQ(scanner.scan("/s", processStart + 1'800.001, now).scheduled, 0);
 }
 
 TEST_F(Scanner, ALineWithoutReadableTimeIsOfThePresent) {
@@ -229,151 +177,6 @@ TEST_F(Scanner, PromptsAreDecoded) {
     EXPECT_EQ(tally().prompts.at("toolu_1"), std::string(159, 'x') + R"(\u)");
     scan(cronCall("toolu_1", std::string(159, 'x') + R"(\u00e9 and more)") + cronCall("toolu_1", "later"));
     EXPECT_EQ(tally().prompts.at("toolu_1"), "later");
-}
-
-TEST_F(Scanner, ATailWithoutNewlineWaitsForItsEnd) {
-    const auto line = started("b2");
-    EXPECT_EQ(scan(started("a1") + line.substr(0, line.size() - 1)).commands, 1);
-    EXPECT_EQ(tally().offset, started("a1").size());
-    files.append(path, "\n");
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 2);
-    EXPECT_EQ(tally().offset, 2 * line.size());
-}
-
-TEST_F(Scanner, AFileWithoutNewlineIsNotConsumed) {
-    auto line = started("b2");
-    line.pop_back();
-    EXPECT_EQ(scan(line).commands, 0);
-    EXPECT_EQ(tally().offset, 0U);
-    EXPECT_EQ(scan(std::string(7'000'000, 'x')).commands, 0);
-    EXPECT_EQ(tally().offset, 1'000'000U);
-    EXPECT_TRUE(tally().startsMidLine);
-    files.append(path, line + "\n" + started("c3"));
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 1);
-    EXPECT_FALSE(tally().startsMidLine);
-    EXPECT_TRUE(tally().started.contains("c3"));
-}
-
-TEST_F(Scanner, TheFirstReadingIsCapped) {
-    const auto head = started("a1") + started("b2");
-    std::string file = head + std::string(6'000'001 - head.size() - 1, 'x') + "\n";
-    EXPECT_EQ(scan(file.substr(1)).commands, 2); // 6,000,000 bytes are read whole.
-    test::MemoryFiles own;
-    own.write(path, file);
-    BackgroundScanner capped(own);
-    EXPECT_EQ(capped.scan(path, processStart, now).commands, 1);
-    EXPECT_TRUE(capped.tallies().at(path).started.contains("b2"));
-    EXPECT_EQ(capped.tallies().at(path).offset, file.size());
-    // The cap is for the first reading only.
-    own.append(path, started("c3") + std::string(6'500'000, 'x') + "\n");
-    EXPECT_EQ(capped.scan(path, processStart, now).commands, 2);
-}
-
-TEST_F(Scanner, AScheduleWhoseCallLiesBeforeTheCapHasNoPrompt) {
-    const auto result = cronResult("toolu_1", "Scheduled recurring task ab (0 9 * * 1)");
-    const auto work = scan(cronCall("toolu_1", "lost") + std::string(6'000'000, 'x') + "\n" + result);
-    EXPECT_EQ(work.items, (std::vector<ScheduledItem>{{"ab", std::nullopt, true, ""}}));
-}
-
-TEST_F(Scanner, ATruncatedFileIsReadAnew) {
-    EXPECT_EQ(scan(started("a1") + started("b2")).commands, 2);
-    EXPECT_EQ(scan(started("c3")).commands, 1);
-    EXPECT_EQ(tally().started.size(), 1U);
-}
-
-TEST_F(Scanner, AFileThatShrankAndGrewBetweenScansIsNotNoticed) {
-    EXPECT_EQ(scan(started("a1")).commands, 1);
-    EXPECT_EQ(scan(started("b2") + started("c3")).commands, 2);
-    EXPECT_TRUE(tally().started.contains("a1"));
-    EXPECT_FALSE(tally().started.contains("b2"));
-}
-
-TEST_F(Scanner, WhatCannotBeReadHasNothingNew) {
-    EXPECT_EQ(scanner.scan("/missing", processStart, now), BackgroundWork{});
-    EXPECT_TRUE(scanner.tallies().contains("/missing"));
-    EXPECT_EQ(scan(started("a1")).commands, 1);
-    files.append(path, started("b2"));
-    files.refuseToOpen = true;
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 1);
-    files.refuseToOpen = false;
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 2);
-    files.remove(path);
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 2);
-}
-
-TEST_F(Scanner, AFailureInTheMiddleLeavesTheTallyAsItWas) {
-    scan(started("a1"));
-    const Tally before = tally();
-    files.append(path, started("b2") + std::string(1'000'000, 'x') + "\n" + started("c3"));
-    files.brokenFrom = 900'000;
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 1);
-    EXPECT_EQ(tally(), before);
-    files.brokenFrom.reset();
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 3);
-}
-
-TEST_F(Scanner, AFileThatShrinksWhileItIsReadGivesWhatIsThere) {
-    files.write(path, started("a1") + started("b2"));
-    files.shrunkTo = started("a1").size() + 10;
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 1);
-    EXPECT_EQ(tally().offset, started("a1").size());
-}
-
-TEST_F(Scanner, ALineThatChangesWhileItIsReadIsNotTaken) {
-    auto line = started("a1");
-    line.insert(1, std::string(600'000, 'x'));
-    files.write(path, line);
-    int reads = 0;
-    files.beforeRead = [&](std::uint64_t position) {
-        if (position == 0 && ++reads == 2) {
-            files.shrunkTo = 1'000;
-        }
-    };
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 0);
-    EXPECT_EQ(reads, 2);
-    EXPECT_EQ(tally(), Tally{});
-}
-
-TEST_F(Scanner, AnUnchangedFileCostsOneLook) {
-    scan(started("a1") + "an unfinished line");
-    const auto before = files.counts();
-    EXPECT_EQ(scanner.scan(path, processStart, now).commands, 1);
-    EXPECT_EQ(files.counts().looks, before.looks + 1);
-    EXPECT_EQ(files.counts().opens, before.opens);
-    EXPECT_EQ(files.counts().reads, before.reads);
-    // A file of the same size is another one if its time differs.
-    files.write(path, started("a1") + "an unfinished lin\n");
-    scanner.scan(path, processStart, now);
-    EXPECT_EQ(tally().offset, files.bytes(path).size());
-}
-
-TEST_F(Scanner, MemoryStaysFlatHoweverMuchIsNew) {
-    std::string file;
-    while (file.size() < 5'000'000) {
-        file += started("a1") + std::string(100'000, 'x') + "\n";
-    }
-    EXPECT_EQ(scan(file).commands, 1);
-    EXPECT_LE(files.counts().largestRead, BackgroundScanner::Options{}.blockSize);
-}
-
-TEST_F(Scanner, LinesOfTenMegabytesAreRead) {
-    const std::string filler(10'000'000, 'y');
-    Tally whole;
-    files.write(
-        path, filler + "\n" + "<task-id>x1</task-id>" + filler + "running in background with ID: a1\n" +
-                  filler + "running in background with ID: b2" + filler +
-                  R"("timestamp":"2026-11-21T07:15:00Z")" + "\n" + filler +
-                  "running in background with ID: c3"
-    );
-    for (const MarkerSearch search : {&findMarkersPortably, &findMarkersWithAvx2}) {
-        Tally tally;
-        BackgroundScanner uncapped(files, {1'000'000'000, 256 << 10U, search});
-        uncapped.read(path, now, tally);
-        EXPECT_EQ(tally.offset, 50'000'000 + 4U + 21 + 33 + 33 + 36 - 1 - 0U);
-        EXPECT_EQ(tally.started.size(), 2U);
-        EXPECT_EQ(tally.started["b2"], text::parseIso8601("2026-11-21T07:15:00Z"));
-        EXPECT_EQ(tally.started["a1"], now);
-    }
 }
 
 TEST_F(Scanner, InvalidBytesAreRepaired) {

@@ -104,17 +104,6 @@ TEST_F(Splits, TruncationAtEveryPlaceIsReadLikePlainly) {
     }
 }
 
-TEST_F(Splits, ReadsTheRecordedTranscript) {
-    const std::string line =
-        R"({"parentUuid":"x","type":"user","message":{"content":[{"tool_use_id":"toolu_mwq37pl817x0","type":)"
-        R"("tool_result","content":"Scheduled recurring job 9bce26cc (Every Monday at 9:00 AM). Session-only"}]},)"
-        R"("timestamp":"2026-11-21T07:29:24.107Z"})"
-        "\n";
-    const Tally tally = test::naiveTally(line, now);
-    EXPECT_EQ(tally.crons.at("9bce26cc").created, text::parseIso8601("2026-11-21T07:29:24.107Z"));
-    EXPECT_TRUE(tally.crons.at("9bce26cc").recurring);
-}
-
 TEST_F(Splits, BrokenTranscriptsAreReadLikePlainly) {
     const std::filesystem::path folder = MIMKINS_SOURCE_DIR "/Tests/Data/invalid/scannerLines";
     int count = 0;

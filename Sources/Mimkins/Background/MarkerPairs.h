@@ -18,12 +18,24 @@ constexpr char second(std::size_t marker) {
     return markerBytes[marker][offsets[marker] + 1];
 }
 
+/// For each byte whether it is the second one of a telling pair.
+inline constexpr auto isSecond = [] {
+    std::array<bool, 256> result{};
+    for (std::size_t marker = 0; marker < markerBytes.size(); ++marker) {
+        result[static_cast<unsigned char>(second(marker))] = true;
+    }
+    return result;
+}();
+
 /// Appends the marker whose pair stands at `position`, if the rest of it is there too. `position + 1` lies
 /// inside the bytes.
 inline void confirm(std::string_view bytes, std::size_t position, std::vector<MarkerHit>& hits) {
+    const char* pair = bytes.data() + position;
+    if (!isSecond[static_cast<unsigned char>(pair[1])]) {
+        return;
+    }
     for (std::size_t marker = 0; marker < markerBytes.size(); ++marker) {
-        if (bytes[position] == first(marker) && bytes[position + 1] == second(marker) &&
-            position >= offsets[marker] &&
+        if (pair[0] == first(marker) && pair[1] == second(marker) && position >= offsets[marker] &&
             bytes.substr(position - offsets[marker]).starts_with(markerBytes[marker])) {
             hits.push_back({position - offsets[marker], static_cast<Marker>(marker)});
         }

@@ -1,0 +1,293 @@
+#include "Background/BackgroundScanner.h"
+#include "Platform/Linux/LinuxRandomAccessFiles.h"
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+// Reading what a transcript has grown by: at least 5 GB/s warm with AVX2 and 1 GB/s without, and never behind
+// ripgrep counting the lines with a marker. Benchmarks/scan prints the figures of one run side by side.
+//
+// The transcript is made afresh in a folder that goes away. MIMKINS_BENCH_MEGABYTES sets its size.
+
+namespace {
+
+using namespace mimkins;
+
+/// Source text as tool results quote it, escaped for JSON.
+const std::vector<std::string>& quotedSources() {
+    static const std::vector<std::string> sources = [] {
+        std::vector<std::string> result;
+        const std::filesystem::path folder = MIMKINS_SOURCE_DIR "/Sources";
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+            const auto extension = entry.path().extension();
+            if (extension != ".cpp" && extension != ".h") {
+                continue;
+            }
+            std::string quoted;
+            for (std::ifstream file(entry.path(), std::ios::binary); const int byte = file.get();) {
+                if (byte < 0) {
+                    break;
+                }
+                const char character = static_cast<char>(byte);
+                if (character == '\n') {
+                    quoted += "\\n";
+                } else if (character == '"' || character == '\\') {
+                    quoted += std::string{'\\', character};
+                } else {
+                    quoted += character;
+                }
+            }
+            result.push_back(quoted);
+        }
+        return result;
+    }();
+    return sources;
+}
+
+std::string record(const std::string& type, const std::string& content, std::size_t number) {
+    return R"({"parentUuid":"44291bf6-599e-4208-8408-c134a0801371","isSidechain":false,"type":")" + type +
+           R"(","message":{"role":")" + type + R"(","content":[)" + content +
+           R"(]},"uuid":"92c9576a-2535-4dba-8159-)" + std::to_string(100'000'000 + number) +
+           R"(","timestamp":"2026-11-21T07:30:44.681Z","cwd":"/home/kim/shop","version":"2.1.0",)" +
+           R"("sessionId":"1c8daa90-88e5-4081-a7da-79023bf2a85c"})" + "\n";
+}
+
+std::string toolCall(const std::string& name, const std::string& input, std::size_t number) {
+    return record(
+        "assistant",
+        R"({"type":"tool_use","id":"toolu_01A09q90qw90lq)" + std::to_string(number) + R"(","name":")" + name +
+            R"(","input":{)" + input + "}}",
+        number
+    );
+}
+
+std::string toolResult(const std::string& content, std::size_t number) {
+    return record(
+        "user",
+        R"({"tool_use_id":"toolu_01A09q90qw90lq)" + std::to_string(number) +
+            R"(","type":"tool_result","content":")" + content + R"("})",
+        number
+    );
+}
+
+/// One turn: words, a command, a file that is read; every 20th sends a command to the background or schedules
+/// a task, and later hears of its end.
+std::string turn(std::size_t number) {
+    const auto& sources = quotedSources();
+    const std::string id = "b" + std::to_string(number);
+    std::string lines =
+        record(
+            "assistant", R"({"type":"text","text":"Let me look at how the session store is built."})", number
+        ) +
+        toolCall(
+            "Bash", R"("command":"ninja -C build && ctest","description":"Build and run the tests")", number
+        ) +
+        toolResult("[12/12] Linking CXX executable test_Session\\n100% tests passed", number) +
+        toolCall("Read", R"("file_path":"/home/kim/shop/Sources/Session.cpp")", number) +
+        toolResult(sources[number % sources.size()], number);
+    switch (number % 100) {
+    case 0:
+        lines += toolResult(
+            "Command running in background with ID: " + id + ". Output is being written to: /tmp", number
+        );
+        break;
+    case 20:
+        lines += toolCall(
+            "CronCreate", R"("cron":"30 14 2 12 *","prompt":"Check the build","recurring":false)", number
+        );
+        break;
+    case 40:
+        lines += toolResult("Scheduled one-shot task dd7039ef (30 14 2 12 *). Session-only", number);
+        break;
+    case 60:
+        lines += record(
+            "user", "\"<task-notification>\\n<task-id>" + id + "</task-id>\\n<status>completed</status>\"",
+            number
+        );
+        break;
+    case 80:
+        lines += toolCall("KillShell", R"("shell_id":")" + id + "\"", number);
+        break;
+    default:
+        break;
+    }
+    return lines;
+}
+
+/// A transcript that has grown: its first line was read before.
+class Transcript {
+public:
+    Transcript() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "mimkins-bench-XXXXXX").string();
+        folder_ = ::mkdtemp(pattern.data());
+        const char* wanted = std::getenv("MIMKINS_BENCH_MEGABYTES");
+        const std::size_t size = (wanted != nullptr ? std::stoul(wanted) : 300) * 1'000'000;
+        std::ofstream file(path(), std::ios::binary);
+        file << first();
+        grown_ = 0;
+        for (std::size_t number = 0; grown_ < size; ++number) {
+            const std::string lines = turn(number);
+            file << lines;
+            grown_ += lines.size();
+        }
+    }
+
+    Transcript(const Transcript&) = delete;
+    Transcript& operator=(const Transcript&) = delete;
+
+    ~Transcript() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+
+    static const Transcript& shared() {
+        static const Transcript transcript;
+        return transcript;
+    }
+
+    static std::string first() { return "{\"type\":\"summary\"}\n"; }
+
+    std::string path() const { return folder_ + "/transcript.jsonl"; }
+
+    /// Bytes behind the first line.
+    std::size_t grown() const { return grown_; }
+
+private:
+    std::string folder_;
+    std::size_t grown_ = 0;
+};
+
+void countBytes(benchmark::State& state) {
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(Transcript::shared().grown()));
+}
+
+void scan(benchmark::State& state, MarkerSearch search) {
+    const auto& transcript = Transcript::shared();
+    const LinuxRandomAccessFiles files;
+    BackgroundScanner::Options options;
+    options.search = search;
+    BackgroundScanner scanner(files, options);
+    for (auto _ : state) {
+        Tally tally;
+        tally.offset = Transcript::first().size();
+        scanner.read(transcript.path(), Date{1'795'248'000}, tally);
+        benchmark::DoNotOptimize(tally.offset);
+        if (tally.started.empty() || tally.offset != Transcript::first().size() + transcript.grown()) {
+            state.SkipWithError("the transcript was not read");
+        }
+    }
+    countBytes(state);
+}
+
+void scanWithAvx2(benchmark::State& state) {
+    if (!processorHasAvx2()) {
+        state.SkipWithError("this processor has no AVX2");
+        return;
+    }
+    scan(state, &findMarkersWithAvx2);
+}
+
+void scanPortably(benchmark::State& state) {
+    scan(state, &findMarkersPortably);
+}
+
+/// The same reads, and nothing but newlines looked for.
+void countNewlines(benchmark::State& state) {
+    const auto& transcript = Transcript::shared();
+    const LinuxRandomAccessFiles files;
+    std::vector<char> buffer(BackgroundScanner::Options{}.blockSize);
+    for (auto _ : state) {
+        const auto file = files.open(transcript.path());
+        std::size_t newlines = 0;
+        std::uint64_t position = Transcript::first().size();
+        while (const auto count = file->read(position, buffer).value_or(0)) {
+            const char* end = buffer.data() + count;
+            for (const char* from = buffer.data(); from != end; ++newlines) {
+                const void* found = std::memchr(from, '\n', static_cast<std::size_t>(end - from));
+                if (found == nullptr) {
+                    break;
+                }
+                from = static_cast<const char*>(found) + 1;
+            }
+            position += count;
+        }
+        benchmark::DoNotOptimize(newlines);
+    }
+    countBytes(state);
+}
+
+/// The same reads alone.
+void readOnly(benchmark::State& state) {
+    const auto& transcript = Transcript::shared();
+    const LinuxRandomAccessFiles files;
+    std::vector<char> buffer(BackgroundScanner::Options{}.blockSize);
+    for (auto _ : state) {
+        const auto file = files.open(transcript.path());
+        std::uint64_t position = Transcript::first().size();
+        while (const auto count = file->read(position, buffer).value_or(0)) {
+            position += count;
+        }
+        benchmark::DoNotOptimize(position);
+    }
+    countBytes(state);
+}
+
+/// `rg -c -F` with the eight markers, from the start of the program to its end.
+void ripgrep(benchmark::State& state) {
+    const std::string path = Transcript::shared().path();
+    std::vector<std::string> words{"rg", "-c", "-F", "--no-config"};
+    for (const auto marker : markerBytes) {
+        words.insert(words.end(), {"-e", std::string(marker)});
+    }
+    words.push_back(path);
+    std::vector<char*> arguments;
+    for (auto& word : words) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t actions{};
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    for (auto _ : state) {
+        pid_t child = 0;
+        int status = -1;
+        if (::posix_spawnp(&child, "rg", &actions, nullptr, arguments.data(), environ) != 0 ||
+            ::waitpid(child, &status, 0) != child || status != 0) {
+            state.SkipWithError("rg could not be run");
+            break;
+        }
+    }
+    ::posix_spawn_file_actions_destroy(&actions);
+    countBytes(state);
+}
+
+/// A transcript that hasn't changed.
+void rescan(benchmark::State& state) {
+    const auto& transcript = Transcript::shared();
+    const LinuxRandomAccessFiles files;
+    BackgroundScanner scanner(files);
+    scanner.scan(transcript.path(), Date{0}, Date{1});
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(scanner.scan(transcript.path(), Date{0}, Date{1}));
+    }
+}
+
+} // namespace
+
+BENCHMARK(scanWithAvx2)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(scanPortably)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(readOnly)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(countNewlines)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(ripgrep)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(rescan)->Unit(benchmark::kMicrosecond);
