@@ -1,8 +1,10 @@
 #include "Base/Collation.h"
 
 #include <unicode/coll.h>
+#include <unicode/locid.h>
 
 #include <memory>
+#include <string_view>
 
 namespace mimkins::text {
 
@@ -10,9 +12,19 @@ struct Collation::Storage {
     std::unique_ptr<icu::Collator> collator;
 };
 
+namespace {
+
+/// The user's locale, but not the one that stands for none at all: it orders by bytes.
+icu::Locale locale() {
+    const icu::Locale users;
+    return std::string_view(users.getVariant()) == "POSIX" ? icu::Locale::getRoot() : users;
+}
+
+} // namespace
+
 Collation::Collation() : storage_(std::make_unique<Storage>()) {
     UErrorCode status = U_ZERO_ERROR;
-    storage_->collator.reset(icu::Collator::createInstance(status));
+    storage_->collator.reset(icu::Collator::createInstance(locale(), status));
     if (U_SUCCESS(status)) {
         storage_->collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
     }
