@@ -15,12 +15,13 @@ endif()
 # mimkins_units(TARGET UNITS unit... [PUBLIC lib...] [PRIVATE lib...])
 #
 # A static library of all sources that lie directly in the unit folders (sub-folders are units of their
-# own). A unit folder that holds headers alone is fine.
+# own). A unit folder that holds headers alone is fine, and a main.cpp is a program's, not the library's.
 function(mimkins_units target)
     cmake_parse_arguments(ARG "" "" "UNITS;PUBLIC;PRIVATE" ${ARGN})
     set(sources "")
     foreach(unit IN LISTS ARG_UNITS)
         file(GLOB unit_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${unit}/*.cpp)
+        list(FILTER unit_sources EXCLUDE REGEX "/main\\.cpp$")
         list(APPEND sources ${unit_sources})
     endforeach()
     if(sources)

@@ -2,10 +2,11 @@
 
 packages_build="g++ cmake ninja-build pkg-config ccache libicu-dev libsimdjson-dev nlohmann-json3-dev
 libsigc++-3.0-dev libcli11-dev libacl1-dev"
-packages_interface="qt6-base-dev libxcb1-dev libxcb-ewmh-dev libgl-dev fonts-dejavu-core"
-packages_display="xvfb openbox x11-utils imagemagick"
+packages_interface="qt6-base-dev libxcb1-dev libgl-dev fonts-dejavu-core
+fonts-quicksand fonts-noto-color-emoji"
+packages_display="xvfb openbox x11-utils x11-xserver-utils imagemagick xdotool"
 packages_test="libgtest-dev libgmock-dev librapidcheck-dev strace git busybox mawk gawk original-awk bash dash
-python3 xdotool trayer acl attr"
+python3 trayer acl attr"
 packages_client="tmux python3 git util-linux"
 packages_bench="libbenchmark-dev jq ripgrep"
 packages_check="clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev"

@@ -94,6 +94,10 @@ std::string lowercase(std::string_view text) {
     return narrow(wide(text).toLower(icu::Locale::getRoot()));
 }
 
+std::string uppercase(std::string_view text) {
+    return narrow(wide(text).toUpper(icu::Locale::getRoot()));
+}
+
 std::string capitalized(std::string_view text) {
     const icu::UnicodeString characters = wide(text);
     int32_t firstEnd = 0;

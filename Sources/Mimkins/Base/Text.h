@@ -20,6 +20,9 @@ std::string prefix(std::string_view text, std::size_t count);
 /// Lower case by Unicode's rules, independent of any locale.
 std::string lowercase(std::string_view text);
 
+/// Upper case by Unicode's rules, independent of any locale.
+std::string uppercase(std::string_view text);
+
 /// The first character in upper case (title case), the rest as it stands.
 std::string capitalized(std::string_view text);
 

@@ -82,7 +82,7 @@ std::string terminalLine(const log::Line& line, Date now) {
            oneLine(line.category) + "] " + oneLine(line.text);
 }
 
-bool isJournal(std::string_view journalStream, FileIdentity file) {
+bool isJournal(std::string_view journalStream, StreamIdentity file) {
     return journalStream == std::to_string(file.device) + ":" + std::to_string(file.inode);
 }
 

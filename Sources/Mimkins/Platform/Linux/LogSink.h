@@ -17,14 +17,14 @@ std::string journalLine(const log::Line& line);
 /// A line for people: local time with milliseconds, level unless it is the standard one, category, text.
 std::string terminalLine(const log::Line& line, Date now);
 
-/// A file as the system tells it from others.
-struct FileIdentity {
+/// The file behind an open stream, as the system tells it from others.
+struct StreamIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
 };
 
 /// True if the environment variable JOURNAL_STREAM ("device:inode") names this file.
-bool isJournal(std::string_view journalStream, FileIdentity file);
+bool isJournal(std::string_view journalStream, StreamIdentity file);
 
 /// Where log lines go: to standard error, in the form that suits what reads it. May be called from any
 /// thread.

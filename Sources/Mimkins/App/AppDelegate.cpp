@@ -1,0 +1,149 @@
+#include "App/AppDelegate.h"
+
+#include "App/PanelSettingsOf.h"
+#include "App/StatusPicture.h"
+#include "Drawing/Qt/Conversions.h"
+#include "Platform/Qt/XcbWindowSystem.h"
+#include "Presentation/StatusItem.h"
+#include "Presentation/Summary.h"
+
+#include <QApplication>
+
+#include <utility>
+
+namespace mimkins {
+
+namespace {
+
+constexpr const char* preferencesDomain = "app.mimkins";
+/// A slider that is dragged moves the windows once it pauses.
+constexpr double placeDelay = 0.06;
+constexpr double settingsDelay = 0.05;
+
+/// No sounds come with the program yet.
+class NoSounds final : public SoundPlayer {
+public:
+    void play(const std::string&) override {}
+};
+
+std::string shortcutWords(Hotkey hotkey) {
+    switch (hotkey) {
+    case Hotkey::optCmdP:
+        return "⌥⌘P";
+    case Hotkey::ctrlOptP:
+        return "⌃⌥P";
+    case Hotkey::ctrlOptSpace:
+        return "⌃⌥Space";
+    case Hotkey::off:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(Paths paths)
+    : paths_(std::move(paths)), watcher_(loop_), preferences_(paths_.preferencesFolder(), preferencesDomain),
+      sounds_(std::make_unique<NoSounds>()), settings_({preferences_, loop_, *sounds_}) {}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::launch(Launch launch) {
+    store_ = std::make_unique<SessionStore>(
+        paths_,
+        SessionStoreServices{loop_, files_, watcher_, processes_, git_, transcripts_, repositoryQueue_}
+    );
+    store_->setRules(settings_.rules());
+    if (launch == Launch::withoutWindows) {
+        return;
+    }
+    makeWindows();
+    makeStatusItem();
+    followSettings();
+}
+
+void AppDelegate::makeWindows() {
+    windowSystem_ = XcbWindowSystem::make({loop_, loop_});
+    const PanelSettings settings = panelSettingsOf(settings_);
+    panel_ = new PanelView({*store_, drawer_, loop_, links_}, settings);
+    windows_ = std::make_unique<DrawerWindows>(
+        DrawerWindows::Parts{*windowSystem_, drawer_, preferences_, panel_}, settings
+    );
+    panel_->onClose = [this] {
+        if (drawer_.isOpen()) {
+            windows_->toggle();
+        }
+    };
+    windows_->tab().onMenu = [this](QPoint place) {
+        tabMenu_.clear();
+        fillStatusMenu(tabMenu_);
+        tabMenu_.popup(place);
+    };
+}
+
+void AppDelegate::makeStatusItem() {
+    statusItem_ = std::make_unique<TrayItem>();
+    statusItem_->onClick = [this] { windows_->toggle(); };
+    statusItem_->onMenu = [this](QMenu& menu) { fillStatusMenu(menu); };
+    store_->sessionsChanged().connect([this] { showCounts(); });
+    drawer_.changed().connect([this] { showCounts(); });
+    showCounts();
+    statusItem_->show();
+}
+
+void AppDelegate::showCounts() {
+    const auto& sessions = store_->sessions();
+    windows_->tab().setContent({edgeTabBadge(sessions), drawer_.isOpen()});
+    statusItem_->setToolTip(qt::text(status_item::toolTip(sessions)));
+    auto title = status_item::title(attentionCount(sessions), settings_.menuBarCount());
+    if (statusTitle_ != title) {
+        statusTitle_ = std::move(title);
+        statusItem_->setPicture(statusPicture(*statusTitle_));
+    }
+}
+
+void AppDelegate::fillStatusMenu(QMenu& menu) {
+    status_item::MenuState state;
+    state.drawerIsOpen = drawer_.isOpen();
+    state.shortcut = shortcutWords(settings_.hotkey());
+    fillMenu(
+        menu, status_item::menu(state),
+        {
+            {status_item::Action::toggleWindow, [this] { windows_->toggle(); }},
+            {status_item::Action::quit, [] { QApplication::quit(); }},
+        }
+    );
+}
+
+void AppDelegate::followSettings() {
+    const auto placeSoon = [this] {
+        pendingPlace_ = loop_.after(placeDelay, [this] { windows_->place(DrawerWindows::Motion::jump); });
+    };
+    settings_.drawerWidth.changed().connect([placeSoon](const DrawerWidth&) { placeSoon(); });
+    settings_.tabHeight.changed().connect([placeSoon](const double&) { placeSoon(); });
+    settings_.changed().connect([this](std::string_view) {
+        const PanelSettings settings = panelSettingsOf(settings_);
+        panel_->setSettings(settings);
+        windows_->setSettings(settings);
+        showCounts();
+        pendingSettings_ = loop_.after(settingsDelay, [this] { store_->setRules(settings_.rules()); });
+    });
+    store_->onNeedsKeeper = [this](const Session&) {
+        if (settings_.chirp()) {
+            settings_.playChirp();
+        }
+    };
+}
+
+void AppDelegate::receive(const std::string& message) {
+    if (windows_ == nullptr) {
+        return;
+    }
+    if (message == "keyboard") {
+        windows_->takeKeyboard();
+    } else {
+        windows_->bringForward();
+    }
+}
+
+} // namespace mimkins

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace mimkins {
+
+/// What the command line asks for.
+struct Options {
+    enum class Command { run, renderDrawer };
+
+    Command command = Command::run;
+    std::optional<std::string> home; ///< absolute; nothing stands for the user's own
+    bool keyboard = false;           ///< give the drawer the keyboard
+
+    // For pictures.
+    std::optional<double> at; ///< milliseconds since 1970; nothing stands for now
+    double scale = 1;         ///< pixels per point
+    int height = 760;         ///< of the drawer, points
+    std::string output;
+};
+
+/// Either options, or the code with which the program ends because help, a version or an error was printed.
+struct ParsedOptions {
+    Options options;
+    std::optional<int> exitCode;
+};
+
+ParsedOptions parseOptions(int count, char** words);
+
+} // namespace mimkins

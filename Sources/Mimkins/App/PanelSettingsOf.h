@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Presentation/PanelSettings.h"
+#include "Settings/AppSettings.h"
+
+namespace mimkins {
+
+/// What the drawer shows of the user's settings.
+inline PanelSettings panelSettingsOf(const AppSettings& settings) {
+    PanelSettings panel;
+    panel.themeId = settings.themeId();
+    panel.panelWidth = settings.panelWidth();
+    panel.petPoints = settings.petPoints();
+    panel.tabPosition = settings.tabHeight();
+    panel.menuBarCount = settings.menuBarCount();
+    panel.cards.nameTags = settings.nameTags();
+    panel.cards.shuffle = settings.petShuffle();
+    return panel;
+}
+
+} // namespace mimkins

@@ -1,0 +1,124 @@
+#include "App/Render.h"
+
+#include "App/PanelSettingsOf.h"
+#include "PanelView/EdgeTab.h"
+#include "PanelView/PanelView.h"
+#include "PanelView/SlideWindow.h"
+#include "Platform/Linux/JsonPreferencesStore.h"
+#include "Platform/Linux/LinuxFileSystem.h"
+#include "Platform/Linux/LinuxGitRunner.h"
+#include "Platform/Linux/LinuxProcesses.h"
+#include "Platform/Linux/LinuxRandomAccessFiles.h"
+#include "Presentation/PanelFrames.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <chrono>
+#include <iostream>
+
+namespace mimkins {
+
+namespace {
+
+/// A loop at a moment that doesn't pass.
+class FrozenRunLoop final : public RunLoop {
+public:
+    explicit FrozenRunLoop(Date now) : now_(now) {}
+
+    Date now() const override { return now_; }
+
+    void post(std::function<void()> work) override { work(); }
+
+    Handle after(double, std::function<void()>) override { return {}; }
+
+    Handle every(double, std::function<void()>) override { return {}; }
+
+private:
+    Date now_;
+};
+
+/// Does everything at once, so that the picture shows it.
+class ImmediateQueue final : public WorkQueue {
+public:
+    void async(std::function<void()> work) override { work(); }
+};
+
+class NoFolderWatcher final : public FolderWatcher {
+public:
+    Handle watch(const std::string&, std::function<void()>) override { return {}; }
+};
+
+class NoLinks final : public LinkOpener {
+public:
+    void openLink(const std::string&) override {}
+
+    void showFile(const std::string&) override {}
+};
+
+class NoSounds final : public SoundPlayer {
+public:
+    void play(const std::string&) override {}
+};
+
+Date moment(const Options& options) {
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return Date::fromMilliseconds(options.at.value_or(Milliseconds(now).count()));
+}
+
+QImage compose(QWidget& drawer, EdgeTab& tab, const panel::Frames& frames) {
+    const QPixmap drawerPicture = drawer.grab();
+    const QPixmap tabPicture = tab.grab();
+    const double ratio = drawerPicture.devicePixelRatio();
+    const double left = frames.tab.x;
+    const QSizeF size(frames.panel.maxX() - left, frames.panel.height);
+    QImage image((size * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.drawPixmap(QPointF(frames.tab.x - left, frames.tab.y - frames.panel.y), tabPicture);
+    painter.drawPixmap(QPointF(frames.panel.x - left, 0), drawerPicture);
+    return image;
+}
+
+} // namespace
+
+void prepareRendering(const Options& options) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
+}
+
+int renderDrawer(const Options& options, const Paths& paths) {
+    FrozenRunLoop loop(moment(options));
+    LinuxFileSystem files;
+    LinuxProcesses processes;
+    LinuxGitRunner git;
+    LinuxRandomAccessFiles transcripts;
+    ImmediateQueue queue;
+    NoFolderWatcher watcher;
+    NoLinks links;
+    NoSounds sounds;
+    JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
+    const AppSettings settings({preferences, loop, sounds});
+    SessionStore store(paths, {loop, files, watcher, processes, git, transcripts, queue});
+    store.setRules(settings.rules());
+    DrawerState state;
+    const PanelSettings panelSettings = panelSettingsOf(settings);
+    SlideWindow drawer(new PanelView({store, state, loop, links}, panelSettings));
+    constexpr double margins = 16; // of the drawer, above and below
+    const Rect screen{0, 0, 1280, options.height + margins};
+    const auto frames =
+        panel::framesDownwards({screen, panelSettings.panelWidth, panelSettings.tabPosition}, true);
+    drawer.resize(static_cast<int>(frames.panel.width), static_cast<int>(frames.panel.height));
+    EdgeTab tab;
+    tab.setTheme(PetTheme::named(panelSettings.themeId));
+    tab.setContent({edgeTabBadge(store.sessions()), true});
+    if (!compose(drawer, tab, frames).save(QString::fromStdString(options.output), "PNG")) {
+        std::cerr << "mimkins: can't write " << options.output << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace mimkins

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "App/Options.h"
+#include "Base/Paths.h"
+
+namespace mimkins {
+
+/// Sets up the environment so that pictures can be drawn without a display, in the scale that is asked for.
+/// To be called before the application object exists.
+void prepareRendering(const Options& options);
+
+/// Draws the open drawer as it would show at that moment. Gives the exit code; a failure is told on standard
+/// error.
+int renderDrawer(const Options& options, const Paths& paths);
+
+} // namespace mimkins

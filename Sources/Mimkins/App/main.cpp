@@ -1,0 +1,88 @@
+#include "App/AppDelegate.h"
+#include "App/Options.h"
+#include "App/Render.h"
+#include "Base/Log.h"
+#include "Platform/Linux/HomeFolder.h"
+#include "Platform/Linux/LogSink.h"
+#include "Platform/Linux/SingleInstance.h"
+
+#include <QApplication>
+
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+using namespace mimkins;
+
+constexpr const char* unregisterVariable = "MIMKINS_UNREGISTER_LOGIN";
+
+/// Panels place themselves on the screen, which Wayland allows no program; its desktops keep an X server
+/// beside it.
+void preferX11() {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("DISPLAY")) {
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    }
+}
+
+bool hasDisplay() {
+    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsSet("DISPLAY") ||
+           qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+int runUnregistering(QApplication&, const Paths& paths) {
+    AppDelegate delegate(paths);
+    delegate.launch(AppDelegate::Launch::withoutWindows);
+    return 0;
+}
+
+int run(QApplication& application, const Paths& paths, const Options& options) {
+    SingleInstance instance(paths.support());
+    if (!instance.claim()) {
+        const bool told = instance.send(options.keyboard ? "keyboard" : "open");
+        if (!told) {
+            std::cerr << "mimkins: it runs already, but doesn't answer\n";
+        }
+        return told ? 0 : 1;
+    }
+    AppDelegate delegate(paths);
+    delegate.launch(AppDelegate::Launch::normal);
+    const Handle listening = instance.listen(delegate.loop(), [&delegate](const std::string& message) {
+        delegate.receive(message);
+    });
+    return application.exec();
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    const auto [options, exitCode] = parseOptions(count, words);
+    if (exitCode) {
+        return *exitCode;
+    }
+    log::setSink(standardErrorSink());
+    const auto home = options.home ? options.home : homeFolder();
+    if (!home) {
+        std::cerr << "mimkins: the password database names no home folder for this user; use --home DIR\n";
+        return 1;
+    }
+    const Paths paths(*home);
+    const bool rendering = options.command == Options::Command::renderDrawer;
+    const bool unregistering = std::getenv(unregisterVariable) != nullptr; // NOLINT: no other thread exists
+    if (rendering) {
+        prepareRendering(options);
+    } else if (unregistering && !hasDisplay()) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    } else if (!hasDisplay()) {
+        std::cerr << "mimkins: there is no display to show the drawer on\n";
+        return 1;
+    }
+    preferX11();
+    QApplication application(count, words);
+    QApplication::setApplicationName("mimkins");
+    QApplication::setQuitOnLastWindowClosed(false);
+    if (rendering) {
+        return renderDrawer(options, paths);
+    }
+    return unregistering ? runUnregistering(application, paths) : run(application, paths, options);
+}

@@ -1,0 +1,35 @@
+#include "NextUp/OpenSession.h"
+
+#include "Base/Link.h"
+#include "Base/Log.h"
+
+namespace mimkins {
+
+namespace {
+
+constexpr const char* category = "panel";
+
+} // namespace
+
+void openLink(const std::optional<std::string>& link, LinkOpener& opener) {
+    if (!link) {
+        return;
+    }
+    if (linkScheme(*link) == "file") {
+        opener.showFile(*link);
+    } else {
+        opener.openLink(*link);
+    }
+}
+
+void jump(const Session& session, LinkOpener& opener) {
+    const auto link = session.jumpURL();
+    if (!link) {
+        log::write(log::Level::standard, category, "click: " + session.id + " has no desktop session id");
+        return;
+    }
+    log::write(log::Level::standard, category, "click: opening " + *link);
+    openLink(link, opener);
+}
+
+} // namespace mimkins

@@ -1,0 +1,98 @@
+#include "PanelView/PanelHeader.h"
+
+#include "Drawing/Qt/Conversions.h"
+#include "Drawing/Qt/Shapes.h"
+#include "Presentation/HeaderWords.h"
+
+#include <QFontMetricsF>
+#include <QHBoxLayout>
+#include <QLinearGradient>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace mimkins {
+
+namespace {
+
+constexpr int paddingX = 14;
+constexpr int paddingY = 11;
+constexpr int spacing = 8;
+constexpr double iconSide = 18;
+constexpr double titlePoints = 15;
+
+QLinearGradient across(const QRectF& area, const std::vector<Color>& colors) {
+    QLinearGradient gradient(area.topLeft(), area.topRight());
+    const double last = static_cast<double>(std::max<std::size_t>(colors.size(), 2) - 1);
+    for (std::size_t index = 0; index < colors.size(); ++index) {
+        gradient.setColorAt(static_cast<double>(index) / last, qt::color(colors[index]));
+    }
+    return gradient;
+}
+
+} // namespace
+
+void TitleLabel::setLook(const PetTheme& theme, const Typography& typography) {
+    theme_ = &theme;
+    setFont(typography.font(titlePoints, QFont::Black));
+    updateGeometry();
+    update();
+}
+
+QSize TitleLabel::sizeHint() const {
+    const QFontMetricsF metrics(font());
+    const double height = std::max(metrics.height(), iconSide);
+    const double width = iconSide + spacing + metrics.horizontalAdvance(text());
+    return {static_cast<int>(std::ceil(width)) + 1, static_cast<int>(std::ceil(height))};
+}
+
+QSize TitleLabel::minimumSizeHint() const {
+    return sizeHint();
+}
+
+void TitleLabel::paintEvent(QPaintEvent*) {
+    if (theme_ == nullptr) {
+        return;
+    }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF area(rect());
+    const QBrush brush(across(area, theme_->title));
+    painter.fillPath(appIconPath({0, (area.height() - iconSide) / 2, iconSide, iconSide}), brush);
+    painter.setPen(QPen(brush, 1));
+    painter.setFont(font());
+    painter.drawText(
+        area.adjusted(iconSide + spacing, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        text()
+    );
+}
+
+PanelHeader::PanelHeader()
+    : title_(new TitleLabel), summary_(new SummaryLabel), theme_(&PetTheme::nightSky()),
+      typography_(theme_->font) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(paddingX, paddingY, paddingX, paddingY);
+    row->setSpacing(spacing);
+    row->addWidget(title_);
+    row->addStretch(1);
+    row->addWidget(summary_);
+}
+
+void PanelHeader::setLook(const PetTheme& theme, const Typography& typography) {
+    theme_ = &theme;
+    typography_ = typography;
+    title_->setLook(theme, typography);
+    summary_->setSummary(present_, theme, typography);
+}
+
+void PanelHeader::present(DrawerMode mode, const Summary& summary) {
+    title_->setText(qt::text(header::title(mode)));
+    title_->updateGeometry();
+    present_ = summary;
+    summary_->setSummary(summary, *theme_, typography_);
+    summary_->setToolTip(qt::text(summary.text));
+    summary_->setVisible(header::showsSummary(mode));
+}
+
+} // namespace mimkins

@@ -1,0 +1,151 @@
+#include "PanelView/PanelView.h"
+
+#include "Drawing/Qt/Shapes.h"
+#include "NextUp/OpenSession.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace mimkins {
+
+namespace {
+
+constexpr double blinkSeconds = 0.14;
+/// Each pet blinks once in so many seconds, at a second of its own.
+constexpr std::uint64_t blinkPeriod = 5;
+
+} // namespace
+
+PanelView::PanelView(Parts parts, PanelSettings settings)
+    : parts_(parts), settings_(std::move(settings)), header_(new PanelHeader), list_(new SessionList(look())),
+      empty_(new EmptyState) {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(header_);
+    column->addWidget(list_, 1);
+    column->addWidget(empty_, 1);
+    header_->setLook(theme(), look().typography);
+    empty_->setLook(theme(), look().typography);
+    list_->onOpen = [this](const std::string& id) { open(id); };
+    sessionsConnection_ = parts_.store.sessionsChanged().connect([this] { showSessions(); });
+    drawerConnection_ = parts_.drawer.changed().connect([this] { followDrawer(); });
+    setAccessibleName("Mimkins");
+    list_->setPaused(true); // the first list stands there at once
+    showSessions();
+    followDrawer();
+}
+
+PanelView::~PanelView() {
+    sessionsConnection_.disconnect();
+    drawerConnection_.disconnect();
+}
+
+const PetTheme& PanelView::theme() const {
+    return PetTheme::named(settings_.themeId);
+}
+
+CardLook PanelView::look() const {
+    return {&theme(), Typography(theme().font), settings_.petPoints, settings_.cards.shuffle};
+}
+
+void PanelView::setSettings(const PanelSettings& settings) {
+    if (settings_ == settings) {
+        return;
+    }
+    settings_ = settings;
+    header_->setLook(theme(), look().typography);
+    empty_->setLook(theme(), look().typography);
+    list_->setLook(look());
+    showSessions();
+    update();
+}
+
+void PanelView::showSessions() {
+    const auto& sessions = parts_.store.sessions();
+    std::vector<CardRow> rows;
+    rows.reserve(sessions.size());
+    for (const auto& session : sessions) {
+        rows.push_back(cardRow(session, settings_.cards));
+    }
+    header_->present(parts_.drawer.mode(), summary(sessions));
+    list_->setRows(rows, parts_.loop.now());
+    list_->setVisible(!sessions.empty());
+    empty_->setVisible(sessions.empty());
+    keepTime();
+}
+
+void PanelView::followDrawer() {
+    list_->setPaused(parts_.drawer.animationsPaused());
+    header_->present(parts_.drawer.mode(), summary(parts_.store.sessions()));
+    if (highlighted_ != parts_.drawer.highlightedId()) {
+        highlighted_ = parts_.drawer.highlightedId();
+        if (highlighted_) {
+            list_->reveal(*highlighted_);
+        }
+    }
+    keepTime();
+}
+
+void PanelView::keepTime() {
+    const bool needed = !parts_.drawer.animationsPaused() && !parts_.store.sessions().empty();
+    if (!needed) {
+        beat_.reset();
+        blinkEnd_.reset();
+        return;
+    }
+    if (!beat_) {
+        list_->setNow(parts_.loop.now());
+        beat_ = parts_.loop.every(1.0, [this] {
+            list_->setNow(parts_.loop.now());
+            blink(parts_.loop.now());
+        });
+    }
+}
+
+void PanelView::blink(Date now) {
+    const auto second = static_cast<std::uint64_t>(std::max(now.secondsSince1970, 0.0));
+    list_->setEyesShut([second](const CardRow& row) { return (row.seed / 360 + second) % blinkPeriod == 0; });
+    blinkEnd_ =
+        parts_.loop.after(blinkSeconds, [this] { list_->setEyesShut([](const CardRow&) { return false; }); });
+}
+
+void PanelView::open(const std::string& id) {
+    const auto& sessions = parts_.store.sessions();
+    const auto session = std::find_if(sessions.begin(), sessions.end(), [&id](const Session& candidate) {
+        return candidate.id == id;
+    });
+    if (session != sessions.end()) {
+        jump(*session, parts_.links);
+    }
+}
+
+void PanelView::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        if (onClose) {
+            onClose();
+        }
+        break;
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+        if (const auto cards = list_->cards(); !cards.empty()) {
+            cards.front()->setFocus(Qt::TabFocusReason);
+        }
+        break;
+    default:
+        event->ignore();
+    }
+}
+
+void PanelView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    backdrop_.draw(painter, theme(), {edgeShape(QRectF(rect()), drawerRadius), size(), devicePixelRatioF()});
+}
+
+} // namespace mimkins

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "PanelView/Typography.h"
+#include "Presentation/SummaryColors.h"
+
+#include <QLabel>
+
+namespace mimkins {
+
+/// The summary in its capsule. Gives way to the title when there is little room, and shortens its words.
+class SummaryLabel final : public QLabel {
+public:
+    SummaryLabel();
+
+    void setSummary(const Summary& summary, const PetTheme& theme, const Typography& typography);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor ink_;
+    QColor fill_;
+};
+
+} // namespace mimkins

@@ -1,0 +1,81 @@
+#include "PanelView/Typography.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace mimkins {
+
+namespace {
+
+/// The height in pixels of the font that desktops set when the user hasn't changed it.
+constexpr double usualPixels = 14.7;
+
+QStringList families(FontDesign design) {
+    switch (design) {
+    case FontDesign::rounded:
+        return {"Nunito", "Quicksand", "Varela Round", "M PLUS Rounded 1c", "Comfortaa", "Ubuntu"};
+    case FontDesign::serif:
+        return {"Source Serif 4", "Noto Serif", "DejaVu Serif", "Liberation Serif"};
+    case FontDesign::monospaced:
+        return {"JetBrains Mono", "Noto Sans Mono", "DejaVu Sans Mono", "Liberation Mono"};
+    case FontDesign::standard:
+        break;
+    }
+    return {};
+}
+
+QString installedFamily(FontDesign design) {
+    for (const auto& family : families(design)) {
+        if (QFontDatabase::hasFamily(family)) {
+            return family;
+        }
+    }
+    return QApplication::font().family();
+}
+
+double userScale() {
+    return std::max(1.0, QFontInfo(QApplication::font()).pixelSize() / usualPixels);
+}
+
+QString lastLine(const QString& rest, const QFont& font, double width) {
+    return QFontMetricsF(font).elidedText(rest, Qt::ElideRight, width);
+}
+
+} // namespace
+
+Typography::Typography(FontDesign design) : Typography(design, userScale()) {}
+
+Typography::Typography(FontDesign design, double scale) : family_(installedFamily(design)), scale_(scale) {}
+
+QFont Typography::font(double points, QFont::Weight weight) const {
+    QFont font(family_);
+    font.setPixelSize(std::max(1, static_cast<int>(points * scale_ + 0.5)));
+    font.setWeight(weight);
+    return font;
+}
+
+QStringList fittedLines(const QString& text, const QFont& font, double width, int mostLines) {
+    QStringList lines;
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    while (lines.size() < mostLines) {
+        QTextLine line = layout.createLine();
+        if (!line.isValid()) {
+            break;
+        }
+        line.setLineWidth(width);
+        const int start = line.textStart();
+        const bool isLast = lines.size() + 1 == mostLines;
+        const QString words = isLast ? text.mid(start) : text.mid(start, line.textLength());
+        lines.append(lastLine(words.trimmed(), font, width));
+    }
+    layout.endLayout();
+    return lines;
+}
+
+} // namespace mimkins

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Base/Handle.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace mimkins {
+
+/// The number by which the window system knows a top-level window; 0 is none.
+using WindowId = std::uint64_t;
+
+/// Among which windows a panel stands.
+enum class WindowLevel {
+    normal,   ///< like any window: others can cover it
+    floating, ///< above ordinary windows
+};
+
+/// What the panels need of the window system beyond ordinary windows.
+class WindowSystem {
+public:
+    virtual ~WindowSystem() = default;
+
+    /// Makes a window a panel: on all desktops, in no task bar and no pager, without focus when it appears,
+    /// at this level. To be called before each show and again after it, since a hidden window loses its
+    /// state.
+    virtual void makePanel(WindowId window, WindowLevel level) = 0;
+
+    /// Keeps `child` right above `owner`, to sink and rise with it; no owner sets it free.
+    virtual void setOwner(WindowId child, std::optional<WindowId> owner) = 0;
+
+    /// Brings the window before all others of its level, whichever application is active.
+    virtual void raise(WindowId window) = 0;
+
+    /// True if nobody can see any of the window: others cover all of it, or it is hidden, minimised or on
+    /// another desktop. Windows in `ignoring` cover nothing.
+    virtual bool isCovered(WindowId window, const std::vector<WindowId>& ignoring) = 0;
+
+    /// True if windows may be translucent.
+    virtual bool hasTranslucency() = 0;
+
+    /// Calls `changed` after windows were moved, stacked, shown or hidden, at most a few times a second,
+    /// until the handle ends.
+    virtual Handle whenWindowsChange(std::function<void()> changed) = 0;
+};
+
+/// A window system that can do nothing of this: every window counts as visible.
+class PlainWindowSystem final : public WindowSystem {
+public:
+    void makePanel(WindowId, WindowLevel) override {}
+
+    void setOwner(WindowId, std::optional<WindowId>) override {}
+
+    void raise(WindowId) override {}
+
+    bool isCovered(WindowId, const std::vector<WindowId>&) override { return false; }
+
+    bool hasTranslucency() override { return true; }
+
+    Handle whenWindowsChange(std::function<void()>) override { return {}; }
+};
+
+} // namespace mimkins

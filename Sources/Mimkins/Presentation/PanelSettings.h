@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Presentation/CardRow.h"
+
+#include <string>
+
+namespace mimkins {
+
+/// Those of the user's settings that the drawer and its tab show.
+struct PanelSettings {
+    std::string themeId;
+    double panelWidth = 320;   ///< points
+    double petPoints = 62;     ///< side of a pet's square
+    double tabPosition = 0.62; ///< of the tab's middle, a fraction of the visible height
+    bool menuBarCount = true;
+    CardOptions cards;
+
+    friend bool operator==(const PanelSettings&, const PanelSettings&) = default;
+};
+
+} // namespace mimkins
