@@ -2,9 +2,11 @@
 
 from harness.answers import HOME_FOLDER, call, say
 
+PATH = f"{HOME_FOLDER}/shop/a.txt"
 SCRIPTS = {
     "write": [
-        call("Write", file_path=f"{HOME_FOLDER}/shop/list.txt", content="milk\nbread\n"),
+        call("Read", file_path=PATH),
+        call("Write", file_path=PATH, content="hello\nmilk\nbread\n"),
         say("The list is written."),
     ],
 }
@@ -18,6 +20,5 @@ def run(session, check):
         session.reaches("commitWaiting", message="+2 −0 on main")
         session.keeps("commitWaiting")
     with check("committed, nothing waits any longer"):
-        session.home.git("add", ".")
-        session.home.git("commit", "-q", "-m", "Write the list")
+        session.home.git("commit", "-q", "-a", "-m", "Write the list")
         session.reaches("yourTurn")
