@@ -27,7 +27,7 @@ namespace {
 
 using Tree = nlohmann::json;
 
-constexpr std::size_t sizeLimit = 4 * 1'024 * 1'024;
+constexpr std::size_t sizeLimit = std::size_t{4} * 1'024 * 1'024;
 constexpr mode_t usualMode = 0600;
 
 void logFailure(const std::string& text) {

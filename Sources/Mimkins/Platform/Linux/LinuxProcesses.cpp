@@ -22,7 +22,7 @@ namespace mimkins {
 namespace {
 
 constexpr std::size_t statLimit = 4'096;
-constexpr std::size_t argumentsLimit = 4 * 1'024 * 1'024;
+constexpr std::size_t argumentsLimit = std::size_t{4} * 1'024 * 1'024;
 
 /// What the kernel says in one of its files, at most `limit` bytes. Nothing if the file is missing, or its
 /// process ended while it was read.

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <tuple>
 
 namespace mimkins {
 
@@ -38,7 +39,9 @@ private:
         Moment due;
         std::uint64_t number = 0;
 
-        friend auto operator<=>(const Key&, const Key&) = default;
+        friend bool operator<(const Key& left, const Key& right) {
+            return std::tie(left.due, left.number) < std::tie(right.due, right.number);
+        }
     };
 
     struct Timer {
