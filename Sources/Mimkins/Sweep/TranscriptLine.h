@@ -16,7 +16,8 @@ enum class LineVerdict {
     tooOld   ///< it was written before the time in question, and so was all that stands before it
 };
 
-/// One line of a transcript, read as far as changes to files are concerned. Valid until the parser's next use.
+/// One line of a transcript, read as far as changes to files are concerned. Valid until the parser's next
+/// use.
 class TranscriptLine {
 public:
     /// A line that isn't a JSON object is silent on everything.
