@@ -71,6 +71,7 @@ bool shows(const std::string& text, Date since = {0}, std::size_t blockSize = 64
 
 /// The same question for one name, asked in the plainest way.
 bool plainly(const std::string& name, const std::string& text, Date since) {
+    json::Parser parser;
     std::size_t before = text.size();
     for (std::size_t mention = 0; mention < mentionLimit; ++mention) {
         if (before < name.size()) {
@@ -84,7 +85,7 @@ bool plainly(const std::string& name, const std::string& text, Date since) {
         const auto newline = hit == 0 ? std::string::npos : text.rfind('\n', hit - 1);
         const auto begin = newline == std::string::npos ? 0 : newline + 1;
         const auto end = std::min(text.find('\n', hit), text.size());
-        const auto verdict = TranscriptLine(text.substr(begin, end - begin)).verdict(name, since);
+        const auto verdict = TranscriptLine(text.substr(begin, end - begin), parser).verdict(name, since);
         if (verdict != LineVerdict::silent) {
             return verdict == LineVerdict::changes;
         }

@@ -226,6 +226,23 @@ TEST_F(Changes, NothingIsFetchedForAPartialClone) {
     EXPECT_TRUE(repository.isMarked()) << "the command of this test can't be run at all";
 }
 
+TEST_F(Changes, TheFiltersOfASubmoduleAreNotRun) {
+    const GitRepository library;
+    writeFile(library / "f", "1\n");
+    library.git({"add", "f"});
+    library.git({"commit", "--quiet", "--message", "a"});
+    repository.git({"-c", "protocol.file.allow=always", "submodule", "--quiet", "add", library.root(), "sub"}
+    );
+    repository.commitAll();
+    writeFile(repository / ".git/modules/sub/info/attributes", "* filter=f\n");
+    repository.git({"-C", "sub", "config", "filter.f.clean", repository.markingTool()});
+    writeFile(repository / "sub/f", "2\n");
+    EXPECT_EQ(changes(), (RepoChanges{0, 0, "main", {}}));
+    EXPECT_FALSE(repository.isMarked());
+    repository.git({"diff", "HEAD"});
+    EXPECT_TRUE(repository.isMarked()) << "the filter of this test can't be run at all";
+}
+
 TEST_F(Changes, FiftyThousandFiles) {
     constexpr int count = 50'000;
     std::string stream = "blob\nmark :1\ndata 2\n1\n\ncommit refs/heads/main\n"

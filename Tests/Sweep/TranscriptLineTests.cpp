@@ -17,7 +17,8 @@ std::string call(const std::string& tool, const std::string& input) {
 }
 
 LineVerdict verdict(const std::string& line, const std::string& name = "a.txt", Date since = {1000}) {
-    return TranscriptLine(line).verdict(name, since);
+    json::Parser parser;
+    return TranscriptLine(line, parser).verdict(name, since);
 }
 
 bool changes(const std::string& content, const std::string& name = "a.txt") {

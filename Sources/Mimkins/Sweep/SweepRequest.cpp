@@ -35,6 +35,7 @@ std::vector<SweptRepository> repositoriesToSweep(const SweepSources& sources, Da
         }
     }
     std::vector<SweptRepository> repositories;
+    repositories.reserve(byRoot.size());
     for (auto& [root, repository] : byRoot) {
         repositories.push_back(std::move(repository));
     }

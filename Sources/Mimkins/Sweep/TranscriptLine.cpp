@@ -49,11 +49,8 @@ bool commandChanges(std::string_view commandLine, std::string_view name) {
     return false;
 }
 
-TranscriptLine::TranscriptLine(std::string_view text) : document_(json::Document::parse(text)) {
-    if (!document_ || !document_->root().isObject()) {
-        return;
-    }
-    const auto line = document_->root();
+TranscriptLine::TranscriptLine(std::string_view text, json::Parser& parser) {
+    const auto line = parser.parse(text);
     written_ = timeWithFraction(line["timestamp"].stringView());
     if (line["type"].stringView() != "assistant") {
         return;

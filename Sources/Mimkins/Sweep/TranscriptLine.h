@@ -16,11 +16,12 @@ enum class LineVerdict {
     tooOld   ///< it was written before the time in question, and so was all that stands before it
 };
 
-/// One line of a transcript, read as far as changes to files are concerned.
+/// One line of a transcript, read as far as changes to files are concerned. Valid until the parser's next
+/// use.
 class TranscriptLine {
 public:
     /// A line that isn't a JSON object is silent on everything.
-    explicit TranscriptLine(std::string_view text);
+    TranscriptLine(std::string_view text, json::Parser& parser);
 
     /// Whether the line shows a call that changes a file of this name, in whatever folder, at `since` or
     /// later.
@@ -35,7 +36,6 @@ private:
 
     static bool changes(const ToolCall& call, std::string_view name);
 
-    std::optional<json::Document> document_;
     std::optional<Date> written_;
     std::vector<ToolCall> calls_;
 };

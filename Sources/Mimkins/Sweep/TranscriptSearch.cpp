@@ -1,5 +1,6 @@
 #include "Sweep/TranscriptSearch.h"
 
+#include "Base/Json.h"
 #include "Sweep/TranscriptLine.h"
 
 #include <algorithm>
@@ -191,7 +192,7 @@ private:
         bounds_ = lines_.around(position, end);
         line_.reset();
         if (bounds_->end - bounds_->begin <= longestTranscriptLine) {
-            line_.emplace(lines_.text(*bounds_));
+            line_.emplace(lines_.text(*bounds_), parser_);
         }
     }
 
@@ -204,6 +205,7 @@ private:
     std::vector<NameState> states_; ///< of the names, in their order
     std::size_t open_ = 0;          ///< names that aren't settled
     std::optional<LineBounds> bounds_;
+    json::Parser parser_;
     std::optional<TranscriptLine> line_;
 };
 

@@ -29,12 +29,14 @@ constexpr std::chrono::milliseconds pollInterval{20};
 
 /// Settings that outrank the repository's own. A difference would otherwise take the index lock to note fresh
 /// file times, a log might start the repository's signature program, and an object missing from a partial
-/// clone would be fetched, over the network and by whatever command the repository names.
-constexpr std::array<std::string_view, 12> outrankingSettings{
-    "core.fsmonitor=false",     "diff.autoRefreshIndex=false", "log.showSignature=false",
-    "protocol.allow=never",     "protocol.file.allow=never",   "protocol.git.allow=never",
-    "protocol.ssh.allow=never", "protocol.http.allow=never",   "protocol.https.allow=never",
-    "protocol.ftp.allow=never", "protocol.ftps.allow=never",   "protocol.ext.allow=never",
+/// clone would be fetched, over the network and by whatever command the repository names. The working tree of
+/// a submodule would be looked at under that one's own settings, filters included.
+constexpr std::array<std::string_view, 13> outrankingSettings{
+    "core.fsmonitor=false",        "diff.autoRefreshIndex=false", "log.showSignature=false",
+    "diff.ignoreSubmodules=dirty", "protocol.allow=never",        "protocol.file.allow=never",
+    "protocol.git.allow=never",    "protocol.ssh.allow=never",    "protocol.http.allow=never",
+    "protocol.https.allow=never",  "protocol.ftp.allow=never",    "protocol.ftps.allow=never",
+    "protocol.ext.allow=never",
 };
 
 std::vector<std::string> commandLine(
