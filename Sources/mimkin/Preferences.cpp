@@ -1,8 +1,7 @@
 #include "Preferences.h"
 
-#include "OneLoad.h"
-
 #include "Platform/Linux/JsonPreferencesStore.h"
+#include "Platform/Linux/OneLoad.h"
 #include "Settings/AppSettings.h"
 
 #include <string>

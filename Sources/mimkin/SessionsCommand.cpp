@@ -1,5 +1,4 @@
 #include "Command.h"
-#include "OneLoad.h"
 #include "Preferences.h"
 #include "SessionsJson.h"
 #include "Terminal.h"
@@ -7,6 +6,7 @@
 
 #include "Platform/Linux/InotifyFolderWatcher.h"
 #include "Platform/Linux/LinuxRunLoop.h"
+#include "Platform/Linux/OneLoad.h"
 #include "Platform/Linux/ThreadQueue.h"
 #include "Presentation/SessionsTable.h"
 
@@ -64,7 +64,8 @@ ExitCode keepListing(const SessionsOptions& options, const Paths& paths) {
     const LinuxGitRunner git;
     const LinuxRandomAccessFiles transcripts;
     ConcurrentQueue queue("mimkin-git");
-    SessionStore store(paths, {loop, files, watcher, processes, git, transcripts, queue});
+    SerialQueue scanQueue("mimkin-scan");
+    SessionStore store(paths, {loop, files, watcher, processes, git, transcripts, queue, scanQueue});
     store.setRules(preferences.rules);
     const auto print = [&] {
         if (options.asJson) {

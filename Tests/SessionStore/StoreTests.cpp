@@ -52,7 +52,8 @@ protected:
 
     void start() {
         store = std::make_unique<SessionStore>(
-            paths, SessionStoreServices{loop, files, watcher, processes, git, opener, repositoryQueue}
+            paths,
+            SessionStoreServices{loop, files, watcher, processes, git, opener, repositoryQueue, scanQueue}
         );
         store->onNeedsKeeper = [this](const Session& session) { keepers.push_back(session.id); };
         store->sessionsChanged().connect([this] { ++publications; });
@@ -102,6 +103,7 @@ protected:
     StoreGit git;
     NoFiles opener;
     ManualWorkQueue repositoryQueue;
+    ManualWorkQueue scanQueue;
     std::unique_ptr<SessionStore> store;
     Ids keepers;
     int publications = 0;
@@ -422,6 +424,40 @@ TEST_F(Store, OpenCallBecomesAnApprovalAfterTenSeconds) {
     files.write("/t/s.jsonl", "", fileTime(2));
     loop.advance(2);
     EXPECT_EQ(store->sessions().front().mood, Mood::working);
+}
+
+TEST_F(Store, ScansOnlySessionsAtRestOneScanAtATime) {
+    registered("s", "busy", 7, R"(,"cwd":"/home/kim/shop")");
+    start();
+    loop.advance(6);
+    EXPECT_EQ(scanQueue.waiting(), 0U);
+    registered("s", "idle", 7, R"(,"cwd":"/home/kim/shop")");
+    loop.advance(3);
+    EXPECT_EQ(scanQueue.waiting(), 1U);
+    loop.advance(30);
+    EXPECT_EQ(scanQueue.waiting(), 1U);
+    scanQueue.run();
+    loop.advance(3);
+    EXPECT_EQ(scanQueue.waiting(), 1U);
+}
+
+TEST_F(Store, SweepSaysWhenItIsUnderWay) {
+    registered("s", "waiting");
+    start();
+    int changes = 0;
+    store->sweepChanged().connect([&changes] { ++changes; });
+    store->runSweep();
+    store->runSweep();
+    EXPECT_TRUE(store->sweeping());
+    EXPECT_EQ(scanQueue.waiting(), 1U);
+    scanQueue.run();
+    loop.drain();
+    EXPECT_FALSE(store->sweeping());
+    EXPECT_EQ(changes, 2);
+    ASSERT_TRUE(store->sweep());
+    EXPECT_EQ(store->sweep()->generated, loop.now());
+    ASSERT_EQ(store->sweep()->waiting.size(), 1U);
+    EXPECT_EQ(store->sweep()->waiting.front().id, "s");
 }
 
 TEST_F(Store, EndsCleanly) {

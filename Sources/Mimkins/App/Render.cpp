@@ -5,10 +5,7 @@
 #include "PanelView/PanelView.h"
 #include "PanelView/SlideWindow.h"
 #include "Platform/Linux/JsonPreferencesStore.h"
-#include "Platform/Linux/LinuxFileSystem.h"
-#include "Platform/Linux/LinuxGitRunner.h"
-#include "Platform/Linux/LinuxProcesses.h"
-#include "Platform/Linux/LinuxRandomAccessFiles.h"
+#include "Platform/Linux/OneLoad.h"
 #include "Presentation/PanelFrames.h"
 
 #include <QImage>
@@ -20,34 +17,6 @@
 namespace mimkins {
 
 namespace {
-
-/// A loop at a moment that doesn't pass.
-class FrozenRunLoop final : public RunLoop {
-public:
-    explicit FrozenRunLoop(Date now) : now_(now) {}
-
-    Date now() const override { return now_; }
-
-    void post(std::function<void()> work) override { work(); }
-
-    Handle after(double, std::function<void()>) override { return {}; }
-
-    Handle every(double, std::function<void()>) override { return {}; }
-
-private:
-    Date now_;
-};
-
-/// Does everything at once, so that the picture shows it.
-class ImmediateQueue final : public WorkQueue {
-public:
-    void async(std::function<void()> work) override { work(); }
-};
-
-class NoFolderWatcher final : public FolderWatcher {
-public:
-    Handle watch(const std::string&, std::function<void()>) override { return {}; }
-};
 
 class NoLinks final : public LinkOpener {
 public:
@@ -90,19 +59,15 @@ void prepareRendering(const Options& options) {
 }
 
 int renderDrawer(const Options& options, const Paths& paths) {
-    FrozenRunLoop loop(moment(options));
-    LinuxFileSystem files;
-    LinuxProcesses processes;
-    LinuxGitRunner git;
-    LinuxRandomAccessFiles transcripts;
-    ImmediateQueue queue;
-    NoFolderWatcher watcher;
+    const Date at = moment(options);
+    StandingLoop standing(at);
     NoLinks links;
     NoSounds sounds;
     JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
-    const AppSettings settings({preferences, loop, sounds});
-    SessionStore store(paths, {loop, files, watcher, processes, git, transcripts, queue});
-    store.setRules(settings.rules());
+    const AppSettings settings({preferences, standing, sounds});
+    OneLoad load(paths, settings.rules(), at);
+    SessionStore& store = load.store();
+    RunLoop& loop = load.loop();
     DrawerState state;
     const PanelSettings panelSettings = panelSettingsOf(settings);
     SlideWindow drawer(new PanelView({store, state, loop, links}, panelSettings));

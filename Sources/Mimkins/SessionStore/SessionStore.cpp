@@ -16,14 +16,15 @@ constexpr double debounceSeconds = 0.1;
 /// The cadences of the sources, in ticks.
 constexpr std::int64_t appInfoTicks = 5;
 constexpr std::int64_t subtaskTicks = 2;
-constexpr std::int64_t repositoryTicks = 3;
+constexpr std::int64_t repositoryTicks = 3; // and background work
 
 } // namespace
 
 SessionStore::SessionStore(Paths paths, SessionStoreServices services)
     : paths_(std::move(paths)), services_(services), appSessions_(services.files),
       transcriptReader_(services.files), subtaskList_(services.files),
-      approvalFinder_(services.files, services.processes) {
+      approvalFinder_(services.files, services.processes),
+      scanner_(std::make_shared<BackgroundScanner>(services.transcripts)) {
     statusFolders_.push_back(paths_.sessions());
     if (services_.files.isFolder(paths_.legacySessions())) {
         statusFolders_.push_back(paths_.legacySessions());
@@ -33,6 +34,7 @@ SessionStore::SessionStore(Paths paths, SessionStoreServices services)
     reloadRegistry();
     reloadRecords();
     refreshRepos();
+    refreshBackground();
     watch();
     timer_ = services_.loop.every(tickSeconds, [this] { tick(); });
 }
@@ -70,6 +72,7 @@ void SessionStore::tick() {
     }
     if (ticks_ % repositoryTicks == 0) {
         refreshRepos();
+        refreshBackground();
     }
     rebuild(false);
 }
@@ -82,6 +85,7 @@ void SessionStore::refreshAll() {
     reloadSubtasks();
     refreshApprovals();
     refreshRepos();
+    refreshBackground();
     rebuild(false);
 }
 

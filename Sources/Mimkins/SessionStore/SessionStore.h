@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Background/BackgroundScanner.h"
 #include "Base/Handle.h"
 #include "Base/Paths.h"
 #include "Platform/FileSystem.h"
@@ -15,6 +16,7 @@
 #include "Subtask/ApprovalFinder.h"
 #include "Subtask/SubtaskList.h"
 #include "Sweep/RepositoryWatch.h"
+#include "Sweep/SweepReport.h"
 
 #include <sigc++/signal.h>
 
@@ -37,6 +39,7 @@ struct SessionStoreServices {
     const GitRunner& git;
     const RandomAccessFiles& transcripts; ///< how transcripts are opened off the main thread
     WorkQueue& repositoryQueue;           ///< checks of repositories, several at once
+    WorkQueue& scanQueue;                 ///< scans of transcripts and sweeps, one at a time
 };
 
 /// The one source of truth: knows every source, reads each at its own pace, and publishes the ordered list of
@@ -65,6 +68,15 @@ public:
 
     sigc::signal<void()>& subtasksChanged() { return subtasksChanged_; }
 
+    /// The last report of what is left before logging off; it stays until the next one is there.
+    const std::optional<SweepReport>& sweep() const { return sweep_; }
+
+    /// True while a sweep is under way.
+    bool sweeping() const { return sweeping_; }
+
+    /// The report, or whether one is under way, has changed.
+    sigc::signal<void()>& sweepChanged() { return sweepChanged_; }
+
     /// Called for each session that newly starts to wait on the user, in list order; never for the first
     /// list.
     std::function<void(const Session&)> onNeedsKeeper;
@@ -77,6 +89,8 @@ public:
     void setRules(const SessionRules& rules);
     /// Opens or closes a session's list of subtasks.
     void toggleSubtasks(const std::string& id);
+    /// Looks at all that may be left before logging off; does nothing while a sweep is under way.
+    void runSweep();
 
     // What is prepared for each session.
 
@@ -114,6 +128,7 @@ public:
     void reloadSubtasks();
     void refreshApprovals();
     void refreshRepos();
+    void refreshBackground();
     /// One second's work.
     void tick();
     /// Every source once, whatever its pace, and a rebuild.
@@ -138,6 +153,8 @@ private:
     RepositoryCheck repositoryCheck(const std::string& root) const;
     void startCheck(const std::string& root);
     RootOf rootOf() const;
+    std::vector<BackgroundRequest> backgroundRequests() const;
+    void takeBackground(std::map<std::string, BackgroundWork> found);
     void publish(std::vector<Session> list);
 
     Paths paths_;
@@ -160,6 +177,12 @@ private:
     std::map<std::string, PendingApproval> approvals_;
     std::map<std::string, BackgroundWork> background_;
     RepositoryWatch repositories_;
+    /// Touched only by work on the scan queue, which keeps it alive.
+    std::shared_ptr<BackgroundScanner> scanner_;
+    bool scanInFlight_ = false;
+    std::optional<SweepReport> sweep_;
+    bool sweeping_ = false;
+    sigc::signal<void()> sweepChanged_;
     FirstSeen firstSeen_;
 
     SessionRules rules_;

@@ -1,4 +1,4 @@
-#include "OneLoad.h"
+#include "Platform/Linux/OneLoad.h"
 
 namespace mimkins {
 
@@ -11,7 +11,7 @@ constexpr int mostRounds = 8;
 } // namespace
 
 OneLoad::OneLoad(const Paths& paths, const SessionRules& rules, Date at)
-    : loop_(at), store_(paths, {loop_, files_, watcher_, processes_, git_, transcripts_, queue_}) {
+    : loop_(at), store_(paths, {loop_, files_, watcher_, processes_, git_, transcripts_, queue_, queue_}) {
     store_.setRules(rules);
     for (int round = 0; round < mostRounds; ++round) {
         const auto before = store_.sessions();

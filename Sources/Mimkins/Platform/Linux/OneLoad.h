@@ -52,7 +52,11 @@ class OneLoad {
 public:
     OneLoad(const Paths& paths, const SessionRules& rules, Date at);
 
+    SessionStore& store() { return store_; }
+
     const SessionStore& store() const { return store_; }
+
+    RunLoop& loop() { return loop_; }
 
 private:
     StandingLoop loop_;
