@@ -31,7 +31,7 @@ protected:
 
     void prepare() const {
         std::filesystem::remove_all(paths.clientFolder());
-        std::filesystem::remove_all(paths.support());
+        std::filesystem::remove_all(folder / "Library");
         write(oldSettings);
     }
 
