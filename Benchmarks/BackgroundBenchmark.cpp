@@ -31,7 +31,9 @@ const std::vector<std::string>& quotedSources() {
         const std::filesystem::path folder = MIMKINS_SOURCE_DIR "/Sources";
         for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
             const auto extension = entry.path().extension();
-            if (extension != ".cpp" && extension != ".h") {
+            // The sources of this very search are full of its markers, as no other project's are.
+            if ((extension != ".cpp" && extension != ".h") ||
+                entry.path().parent_path().filename() == "Background") {
                 continue;
             }
             std::string quoted;

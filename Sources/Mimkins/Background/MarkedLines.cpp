@@ -85,19 +85,21 @@ struct MarkedLines::Pass {
 
 std::optional<std::uint64_t>
 MarkedLines::read(const RandomAccessFile& file, const Range& range, const Visit& visit) {
-    buffer_.resize(longestOverlap + blockSize_);
+    buffer_.resize(1 + (blockSize_ + sizeof(Page) - 1) / sizeof(Page));
+    char* const block = buffer_.front().bytes + sizeof(Page);
     Pass pass{file, visit, range.startsMidLine, range.begin};
     std::size_t overlap = 0;
     for (auto position = range.begin; position < range.end && !pass.failed;) {
-        const auto wanted = std::min<std::uint64_t>(blockSize_, range.end - position);
-        const auto count = file.read(position, {buffer_.data() + overlap, static_cast<std::size_t>(wanted)});
+        // After the first one, every read begins at a multiple of the block's size.
+        const auto wanted = std::min<std::uint64_t>(blockSize_ - position % blockSize_, range.end - position);
+        const auto count = file.read(position, {block, static_cast<std::size_t>(wanted)});
         if (!count) {
             return std::nullopt;
         }
         if (*count == 0) {
             break; // The file has shrunk meanwhile.
         }
-        const std::string_view view(buffer_.data(), overlap + *count);
+        const std::string_view view(block - overlap, overlap + *count);
         hits_.clear();
         search_(view, hits_);
         pass.take(view, position - overlap, hits_);
@@ -105,7 +107,7 @@ MarkedLines::read(const RandomAccessFile& file, const Range& range, const Visit&
         overlap = static_cast<std::size_t>(
             std::min<std::uint64_t>({longestOverlap, view.size(), position - pass.lineBegin})
         );
-        std::memmove(buffer_.data(), view.data() + view.size() - overlap, overlap);
+        std::memmove(block - overlap, view.data() + view.size() - overlap, overlap);
     }
     return pass.failed ? std::nullopt : std::optional(pass.lineBegin);
 }

@@ -16,11 +16,53 @@ namespace {
 using patterns::Groups;
 using patterns::Matcher;
 
-void replaceAll(std::string& text, std::string_view wanted, std::string_view replacement) {
-    for (auto place = text.find(wanted); place != std::string::npos;
-         place = text.find(wanted, place + replacement.size())) {
-        text.replace(place, wanted.size(), replacement);
+/// What of a line its patterns can match: one flag for each pattern, or group of patterns, that a text which
+/// every match holds stands in the line for. Lines that merely quote a marker, such as source text in which
+/// every quotation mark is escaped, have none and are let go before any string is made of them.
+struct Prospects {
+    bool started = false;
+    bool finished = false;
+    bool stopped = false;
+    bool cron = false;
+    bool cronJob = false;
+    bool cronCreate = false;
+    bool cronDelete = false;
+
+    bool any() const { return started || finished || stopped || cron || cronJob || cronCreate || cronDelete; }
+};
+
+bool holds(std::string_view line, std::string_view text) {
+    return line.find(text) != std::string_view::npos;
+}
+
+Prospects prospectsOf(std::string_view line, Markers markers) {
+    Prospects prospects;
+    prospects.started =
+        markers.contains(Marker::backgroundId) && holds(line, "running in background with ID: ");
+    prospects.finished = markers.contains(Marker::taskId) && holds(line, "<status>");
+    prospects.stopped =
+        (markers.contains(Marker::taskStop) && holds(line, R"("name":"TaskStop","input":{)")) ||
+        (markers.contains(Marker::killShell) && holds(line, R"("name":"KillShell","input":{)")) ||
+        (markers.contains(Marker::killBash) && holds(line, R"("name":"KillBash","input":{)"));
+    if (markers.contains(Marker::scheduled)) {
+        prospects.cron = holds(line, "Scheduled one-shot task ") || holds(line, "Scheduled recurring task ");
+        prospects.cronJob = holds(line, "Scheduled one-shot job ") || holds(line, "Scheduled recurring job ");
     }
+    prospects.cronCreate =
+        markers.contains(Marker::cronCreate) && holds(line, R"("name":"CronCreate","input":{"cron":")");
+    prospects.cronDelete =
+        markers.contains(Marker::cronDelete) && holds(line, R"("name":"CronDelete","input":{)");
+    return prospects;
+}
+
+void replaceAll(std::string& text, std::string_view wanted, std::string_view replacement) {
+    std::string result;
+    std::size_t begin = 0;
+    for (auto place = text.find(wanted); place != std::string::npos; place = text.find(wanted, begin)) {
+        result.append(text, begin, place - begin).append(replacement);
+        begin = place + wanted.size();
+    }
+    text = result.append(text, begin, std::string::npos);
 }
 
 /// Puts the first group of every match into the set.
@@ -108,13 +150,10 @@ struct TranscriptLineReader::Matchers {
         }
     }
 
-    void readSchedules(const icu::UnicodeString& line, Date now, Tally& tally) {
-        const auto tasks = cron.allBeginningWith(line, toolResult, scheduled);
-        const auto jobs = cronJob.allBeginningWith(line, toolResult, scheduled);
-        if (!tasks.empty() || !jobs.empty()) {
-            const Date at = timeOf(line, now);
-            addSchedules(tasks, at, tally);
-            addSchedules(jobs, at, tally);
+    void readSchedules(Matcher& matcher, const icu::UnicodeString& line, Date now, Tally& tally) {
+        const auto matches = matcher.allBeginningWith(line, toolResult, scheduled);
+        if (!matches.empty()) {
+            addSchedules(matches, timeOf(line, now), tally);
         }
     }
 };
@@ -126,29 +165,34 @@ void TranscriptLineReader::read(std::string_view line, Markers markers, Date now
     if (line.size() > longestLine) {
         return;
     }
+    const Prospects prospects = prospectsOf(line, markers);
+    if (!prospects.any()) {
+        return;
+    }
     if (!matchers_) {
         matchers_ = std::make_unique<Matchers>();
     }
-    // No pattern matches a line without its marker, so only those whose marker stands there are tried.
     const auto text = icu::UnicodeString::fromUTF8({line.data(), static_cast<int32_t>(line.size())});
-    if (markers.contains(Marker::backgroundId)) {
+    if (prospects.started) {
         matchers_->readStarted(text, now, tally);
     }
-    if (markers.contains(Marker::taskId)) {
+    if (prospects.finished) {
         insertFirstGroups(matchers_->finished.all(text), tally.finished);
     }
-    if (markers.contains(Marker::taskStop) || markers.contains(Marker::killShell) ||
-        markers.contains(Marker::killBash)) {
+    if (prospects.stopped) {
         insertFirstGroups(matchers_->stopped.all(text), tally.finished);
     }
     // A prompt that stands on a line is there for a schedule on the same line.
-    if (markers.contains(Marker::cronCreate)) {
+    if (prospects.cronCreate) {
         addPrompts(matchers_->cronCreate.all(text), tally);
     }
-    if (markers.contains(Marker::scheduled)) {
-        matchers_->readSchedules(text, now, tally);
+    if (prospects.cron) {
+        matchers_->readSchedules(matchers_->cron, text, now, tally);
     }
-    if (markers.contains(Marker::cronDelete)) {
+    if (prospects.cronJob) {
+        matchers_->readSchedules(matchers_->cronJob, text, now, tally);
+    }
+    if (prospects.cronDelete) {
         insertFirstGroups(matchers_->cronDelete.all(text), tally.deletedCrons);
     }
 }
