@@ -27,6 +27,8 @@ public:
     void setOpacity(double opacity);
     void setEyesShut(bool shut);
 
+    bool areEyesShut() const { return eyesShut_; }
+
     /// The height of the card, without the room for its shadow, when it is so wide.
     double heightFor(double width) const;
 

@@ -38,6 +38,8 @@ public:
 
     const SessionList& list() const { return *list_; }
 
+    SessionList& list() { return *list_; }
+
     const EmptyState& emptyState() const { return *empty_; }
 
 protected:

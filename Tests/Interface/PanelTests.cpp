@@ -1,0 +1,215 @@
+#include "Interface/PanelFixture.h"
+
+#include <QAccessible>
+#include <QTest>
+
+namespace mimkins::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Panel : public PanelFixture {};
+
+TEST_F(Panel, WithoutSessionsSaysSo) {
+    start();
+    EXPECT_TRUE(panel->emptyState().isVisible());
+    EXPECT_FALSE(panel->list().isVisible());
+    EXPECT_EQ(panel->header().summaryLabel().text(), "0 pets out");
+    EXPECT_EQ(panel->header().titleLabel().text(), "Mimkins");
+}
+
+TEST_F(Panel, ShowsOneCardForEachSession) {
+    report("a", "working", R"(,"tool":"Edit","detail":"main.cpp")");
+    report("b", "done");
+    start();
+    EXPECT_FALSE(panel->emptyState().isVisible());
+    EXPECT_THAT(order(), ElementsAre("a", "b"));
+    EXPECT_EQ(panel->header().summaryLabel().text(), "1 new reply");
+}
+
+TEST_F(Panel, ReportChangesTheCardATenthOfASecondLater) {
+    report("a", "working");
+    start();
+    report("a", "waiting", R"(,"tool":"Bash")");
+    watcher.change(paths.sessions());
+    loop.advance(0.09);
+    EXPECT_EQ(panel->list().cards().front()->row().moodLabel, "Working");
+    loop.advance(0.02);
+    EXPECT_EQ(panel->list().cards().front()->row().moodLabel, "Needs your OK");
+    EXPECT_EQ(panel->header().summaryLabel().text(), "1 waiting on you");
+}
+
+TEST_F(Panel, CardThatNeedsTheUserGlidesToTheTop) {
+    report("a", "working");
+    start();
+    loop.advance(1);
+    report("b", "working");
+    watcher.change(paths.sessions());
+    loop.advance(0.2);
+    while (panel->list().step(0.016)) {
+    }
+    report("b", "waiting", R"(,"tool":"Bash")");
+    watcher.change(paths.sessions());
+    loop.advance(0.2);
+    EXPECT_THAT(order(), ElementsAre("b", "a"));
+    const auto& flow = panel->list().flow();
+    EXPECT_EQ(flow.find("b")->targetY(), 12);
+    EXPECT_GT(flow.find("b")->y(), 50); // on its way
+    EXPECT_TRUE(panel->list().isMoving());
+    while (panel->list().step(0.016)) {
+    }
+    EXPECT_EQ(panel->list().cards().front()->geometry().top() + CardView::shadowRoom, 12);
+}
+
+TEST_F(Panel, NothingMovesWhileTheDrawerIsShut) {
+    report("a", "working");
+    start();
+    drawer.setOpen(false);
+    report("b", "waiting", R"(,"tool":"Bash")");
+    watcher.change(paths.sessions());
+    loop.advance(0.2);
+    EXPECT_THAT(order(), ElementsAre("b", "a"));
+    EXPECT_FALSE(panel->list().isMoving());
+    EXPECT_EQ(panel->list().flow().find("b")->y(), 12);
+}
+
+TEST_F(Panel, CoveredDrawerStopsMovingAtOnce) {
+    report("a", "working");
+    start();
+    report("b", "waiting", R"(,"tool":"Bash")");
+    watcher.change(paths.sessions());
+    loop.advance(0.2);
+    EXPECT_TRUE(panel->list().isMoving());
+    drawer.setCovered(true);
+    EXPECT_FALSE(panel->list().isMoving());
+}
+
+TEST_F(Panel, KeepsNoTimerButTheStoresWhileNobodySeesIt) {
+    report("a", "working");
+    start();
+    const auto open = loop.timers();
+    drawer.setOpen(false);
+    EXPECT_EQ(loop.timers(), open - 1);
+    drawer.setOpen(true);
+    EXPECT_EQ(loop.timers(), open);
+    drawer.setCovered(true);
+    EXPECT_EQ(loop.timers(), open - 1);
+}
+
+TEST_F(Panel, ElapsedTimeGoesOnEachSecond) {
+    report("a", "working");
+    start();
+    const auto elapsedText = [this] {
+        for (const auto& run : panel->list().cards().front()->text().runs) {
+            if (run.role == CardText::Role::elapsed) {
+                return run.text;
+            }
+        }
+        return QString();
+    };
+    EXPECT_EQ(elapsedText(), "0s");
+    loop.advance(3);
+    EXPECT_EQ(elapsedText(), "3s");
+    drawer.setCovered(true);
+    loop.advance(60);
+    EXPECT_EQ(elapsedText(), "3s"); // nobody looks
+    drawer.setCovered(false);
+    EXPECT_EQ(elapsedText(), "1m");
+}
+
+TEST_F(Panel, ClickOpensTheSession) {
+    report("a", "done", R"(,"open":"https://example.org/a")");
+    start();
+    QTest::mouseClick(panel->list().cards().front(), Qt::LeftButton);
+    EXPECT_THAT(links.opened, ElementsAre("https://example.org/a"));
+}
+
+TEST_F(Panel, ClickOnASessionWithoutALinkDoesNothing) {
+    report("a", "done");
+    start();
+    QTest::mouseClick(panel->list().cards().front(), Qt::LeftButton);
+    EXPECT_THAT(links.opened, IsEmpty());
+}
+
+TEST_F(Panel, KeysMoveOpenAndClose) {
+    report("a", "working", R"(,"open":"https://example.org/a")");
+    report("b", "working", R"(,"open":"https://example.org/b")");
+    start();
+    panel->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(panel.get()));
+    int closed = 0;
+    panel->onClose = [&closed] { ++closed; };
+    QTest::keyClick(panel.get(), Qt::Key_Down);
+    const auto cards = panel->list().cards();
+    EXPECT_TRUE(cards[0]->hasFocus());
+    QTest::keyClick(cards[0], Qt::Key_Down);
+    EXPECT_TRUE(cards[1]->hasFocus());
+    QTest::keyClick(cards[1], Qt::Key_Down);
+    EXPECT_TRUE(cards[1]->hasFocus()); // the last
+    QTest::keyClick(cards[1], Qt::Key_Return);
+    EXPECT_THAT(links.opened, ElementsAre("https://example.org/b"));
+    QTest::keyClick(cards[1], Qt::Key_Up);
+    EXPECT_TRUE(cards[0]->hasFocus());
+    QTest::keyClick(cards[0], Qt::Key_Escape);
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(Panel, CardsAreButtonsWithANameAndADescription) {
+    report("a", "waiting", R"(,"tool":"Bash","detail":"ls","title":"Fix the basket")");
+    start();
+    auto* accessible = QAccessible::queryAccessibleInterface(panel->list().cards().front());
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Button);
+    const auto name = store->sessions().front().petName(0);
+    EXPECT_EQ(accessible->text(QAccessible::Name).toStdString(), name + ", Needs your OK, shop");
+    EXPECT_EQ(accessible->text(QAccessible::Description), "Fix the basket. Bash: ls");
+    auto* summary = QAccessible::queryAccessibleInterface(
+        const_cast<SummaryLabel*>(&panel->header().summaryLabel()) // NOLINT: only asked
+    );
+    EXPECT_EQ(summary->role(), QAccessible::StaticText);
+    EXPECT_EQ(summary->text(QAccessible::Name), "1 waiting on you");
+}
+
+TEST_F(Panel, HighlightedCardIsScrolledTo) {
+    for (int index = 0; index < 20; ++index) {
+        report("s" + std::to_string(100 + index), "working");
+    }
+    start();
+    QCoreApplication::processEvents();
+    auto* last = panel->list().cards().back();
+    EXPECT_TRUE(last->visibleRegion().isEmpty());
+    drawer.setHighlightedId(last->row().id);
+    EXPECT_FALSE(last->visibleRegion().isEmpty());
+}
+
+TEST_F(Panel, SettingsShowAtOnce) {
+    report("a", "working");
+    start();
+    const auto before = panel->list().cards().front()->height();
+    settings.cards.nameTags = false;
+    settings.petPoints = 78;
+    panel->setSettings(settings);
+    EXPECT_FALSE(panel->list().cards().front()->row().name.has_value());
+    EXPECT_EQ(panel->list().cards().front()->height(), std::max(before, 78 + 20 + 2 * CardView::shadowRoom));
+}
+
+TEST_F(Panel, PetsBlinkShortly) {
+    report("a", "waiting", R"(,"tool":"Bash")");
+    start();
+    auto* card = panel->list().cards().front();
+    int blinks = 0;
+    loop.advance(1.05); // just after a beat, and so again after each whole second
+    for (int second = 0; second < 10; ++second) {
+        blinks += card->areEyesShut() ? 1 : 0;
+        loop.advance(0.15);
+        EXPECT_FALSE(card->areEyesShut());
+        loop.advance(0.85);
+    }
+    EXPECT_EQ(blinks, 2);
+}
+
+} // namespace
+
+} // namespace mimkins::test
