@@ -44,8 +44,7 @@ Derivation SessionStore::derive(const std::string& id, Date now) const {
     inputs.rules = rules_;
     inputs.transcriptModel = transcriptModel(id);
     inputs.approval = lookup(approvals_, id);
-    const auto* openCalls = approvalFinder_.mainPending(id);
-    inputs.toolPending = openCalls != nullptr && !openCalls->empty();
+    inputs.toolPending = approvalFinder_.hasOpenCall(id);
     inputs.now = now;
     return deriveSession(inputs);
 }

@@ -59,9 +59,9 @@ ApprovalRound ApprovalFinder::refresh(const std::vector<ApprovalSubject>& sessio
     return round;
 }
 
-const std::vector<PendingTool>* ApprovalFinder::mainPending(const std::string& sessionId) const {
+bool ApprovalFinder::hasOpenCall(const std::string& sessionId) const {
     const auto known = mainPending_.find(sessionId);
-    return known == mainPending_.end() ? nullptr : &known->second.tools;
+    return known != mainPending_.end() && !known->second.tools.empty();
 }
 
 ApprovalVerdict ApprovalFinder::look(const ApprovalSubject& session, Date now) {

@@ -56,9 +56,9 @@ public:
     /// Looks at all current sessions, in order. What is remembered of others is dropped.
     ApprovalRound refresh(const std::vector<ApprovalSubject>& sessions, Date now);
 
-    /// The open calls of a session's own transcript as it was last read, whatever their tool and age; null if
-    /// it wasn't read. Valid until the next round.
-    const std::vector<PendingTool>* mainPending(const std::string& sessionId) const;
+    /// True if the session's own transcript had a call without a result in the last round, whatever its tool and
+    /// age.
+    bool hasOpenCall(const std::string& sessionId) const;
 
 private:
     struct MainCalls {
