@@ -53,7 +53,7 @@ protected:
 
     void start() {
         store = std::make_unique<SessionStore>(
-            paths, SessionStoreServices{loop, files, watcher, processes, git, transcripts, queue}
+            paths, SessionStoreServices{loop, files, watcher, processes, git, transcripts, queue, queue}
         );
         panel = std::make_unique<PanelView>(PanelView::Parts{*store, drawer, loop, links}, settings);
         panel->resize(320, 700);
