@@ -8,7 +8,7 @@ namespace mimkins {
 class LinuxSettingsFiles final : public SettingsFiles {
 public:
     /// A file larger than this counts as unreadable.
-    static constexpr std::size_t largestFile = 64U * 1024 * 1024;
+    static constexpr std::size_t largestFile = 67'108'864; // 64 MiB
 
     Date now() const override;
     Contents read(const std::string& path) const override;
