@@ -48,7 +48,8 @@ patiently test -s "$work/display" || {
 DISPLAY=:$(cat "$work/display")
 export DISPLAY
 begin openbox
-patiently xprop -root _NET_SUPPORTING_WM_CHECK
+# xprop succeeds on a property that is missing too, so its words are looked at.
+patiently sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
 xsetroot -solid '#38506b' 2>/dev/null || true
 if command -v trayer >/dev/null; then
     begin trayer --edge top --align left --width 10 --widthtype percent --height 26

@@ -431,7 +431,8 @@ TEST_F(Store, ScansOnlySessionsAtRestOneScanAtATime) {
     start();
     loop.advance(6);
     EXPECT_EQ(scanQueue.waiting(), 0U);
-    registered("s", "idle", 7, R"(,"cwd":"/home/kim/shop")");
+    status("s", "done");
+    deliver();
     loop.advance(3);
     EXPECT_EQ(scanQueue.waiting(), 1U);
     loop.advance(30);
