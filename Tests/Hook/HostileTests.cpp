@@ -175,8 +175,7 @@ TEST_P(HookHostile, BareSurroundings) {
     expectQuiet(runLine(hook, "cd \"${1%/*}\" && exec " + shell + "status.sh", stop("near")));
     EXPECT_TRUE(hook.record("near"));
     expectQuiet(runLine(
-        hook, "exec env LC_ALL=C.utf8 POSIXLY_CORRECT=1 IFS=e ENV=/x " + shell + "\"$1\"",
-        stop("foreign")
+        hook, "exec env LC_ALL=C.utf8 POSIXLY_CORRECT=1 IFS=e ENV=/x " + shell + "\"$1\"", stop("foreign")
     ));
     EXPECT_TRUE(hook.record("foreign"));
     expectQuiet(runLine(hook, "exec " + shell + "\"$1\" <&-", ""));

@@ -51,7 +51,8 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::launch(Launch launch) {
     store_ = std::make_unique<SessionStore>(
         paths_,
-        SessionStoreServices{loop_, files_, watcher_, processes_, git_, transcripts_, repositoryQueue_, scanQueue_}
+        SessionStoreServices{
+            loop_, files_, watcher_, processes_, git_, transcripts_, repositoryQueue_, scanQueue_}
     );
     store_->setRules(settings_.rules());
     if (launch == Launch::withoutWindows) {

@@ -9,8 +9,8 @@ namespace mimkins {
 
 namespace {
 
-/// The ANSI colour of a mood: yellow for those who wait, magenta for a snag, green for a finished turn, blue at
-/// work, dim for the rest.
+/// The ANSI colour of a mood: yellow for those who wait, magenta for a snag, green for a finished turn, blue
+/// at work, dim for the rest.
 std::string_view terminalColor(Mood mood) {
     if (wantsAttention(mood)) {
         return "33";

@@ -11,7 +11,7 @@ namespace mimkins {
 
 struct SessionsTableMoment {
     Date now;
-    std::uint64_t shuffle = 0;   ///< as pet names are shuffled
+    std::uint64_t shuffle = 0; ///< as pet names are shuffled
 };
 
 /// The sessions as a table for a terminal, with the summary below; the words of the empty state without any.

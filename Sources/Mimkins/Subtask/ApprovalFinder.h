@@ -56,8 +56,8 @@ public:
     /// Looks at all current sessions, in order. What is remembered of others is dropped.
     ApprovalRound refresh(const std::vector<ApprovalSubject>& sessions, Date now);
 
-    /// True if the session's own transcript had a call without a result in the last round, whatever its tool and
-    /// age.
+    /// True if the session's own transcript had a call without a result in the last round, whatever its tool
+    /// and age.
     bool hasOpenCall(const std::string& sessionId) const;
 
 private:

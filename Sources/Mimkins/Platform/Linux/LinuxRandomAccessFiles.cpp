@@ -11,8 +11,7 @@ namespace {
 FileIdentity identityOf(const struct stat& facts) {
     return {
         facts.st_dev, facts.st_ino, static_cast<std::uint64_t>(facts.st_size),
-        FileTime{facts.st_ctim.tv_sec, static_cast<std::int32_t>(facts.st_ctim.tv_nsec)}
-    };
+        FileTime{facts.st_ctim.tv_sec, static_cast<std::int32_t>(facts.st_ctim.tv_nsec)}};
 }
 
 class LinuxRandomAccessFile final : public RandomAccessFile {
