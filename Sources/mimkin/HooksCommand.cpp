@@ -39,11 +39,6 @@ std::string words(HookInstaller::Status status) {
     return "Claude Code isn't here: its folder ~/.claude doesn't exist.";
 }
 
-std::optional<std::string> bundledHookScript() {
-    const auto folder = resourceFolder();
-    return folder ? std::optional(*folder + "/hook/status.sh") : std::nullopt;
-}
-
 /// The installer with what it works on.
 struct Installation {
     explicit Installation(const Paths& paths) : installer(paths, bundledHookScript(), files) {}

@@ -61,8 +61,8 @@ ExitCode keepListing(const SessionsOptions& options, const Paths& paths) {
     LinuxFileSystem files;
     InotifyFolderWatcher watcher(loop);
     LinuxProcesses processes;
-    const LinuxGitRunner git;
-    const LinuxRandomAccessFiles transcripts;
+    const LinuxGitRunner git{};
+    const LinuxRandomAccessFiles transcripts{};
     ConcurrentQueue queue("mimkin-git");
     SerialQueue scanQueue("mimkin-scan");
     SessionStore store(paths, {loop, files, watcher, processes, git, transcripts, queue, scanQueue});

@@ -102,8 +102,8 @@ protected:
     }
 
     const TemporaryFolder folder;
-    const LinuxFileSystem files;
-    const LinuxProcesses processes;
+    const LinuxFileSystem files{};
+    const LinuxProcesses processes{};
 };
 
 } // namespace

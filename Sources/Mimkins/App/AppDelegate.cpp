@@ -2,7 +2,12 @@
 
 #include "App/PanelSettingsOf.h"
 #include "App/StatusPicture.h"
+#include "Base/Error.h"
+#include "Base/Log.h"
 #include "Drawing/Qt/Conversions.h"
+#include "HookInstaller/HookInstaller.h"
+#include "Platform/Linux/LinuxResources.h"
+#include "Platform/Linux/LinuxSettingsFiles.h"
 #include "Platform/Qt/XcbWindowSystem.h"
 #include "Presentation/StatusItem.h"
 #include "Presentation/Summary.h"
@@ -61,6 +66,25 @@ void AppDelegate::launch(Launch launch) {
     makeWindows();
     makeStatusItem();
     followSettings();
+    refreshHookScript();
+}
+
+/// An already connected user gets a newer script without being asked; nobody is ever connected here. A
+/// failure leaves the script that is there, which goes on working.
+void AppDelegate::refreshHookScript() {
+    LinuxSettingsFiles files;
+    HookInstaller installer(paths_, bundledHookScript(), files);
+    const auto status = installer.status();
+    const bool connected =
+        status == HookInstaller::Status::connected || status == HookInstaller::Status::needsUpdate;
+    if (!connected || installer.scriptIsCurrent()) {
+        return;
+    }
+    try {
+        installer.installScript();
+    } catch (const Error& error) {
+        log::write(log::Level::error, "hooks", error.what());
+    }
 }
 
 void AppDelegate::makeWindows() {

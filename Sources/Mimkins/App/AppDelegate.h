@@ -54,6 +54,7 @@ private:
     void followSettings();
     void showCounts();
     void fillStatusMenu(QMenu& menu);
+    void refreshHookScript();
 
     Paths paths_;
     QtRunLoop loop_;

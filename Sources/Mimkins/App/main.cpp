@@ -50,7 +50,10 @@ int run(QApplication& application, const Paths& paths, const Options& options) {
     const Handle listening = instance.listen(delegate.loop(), [&delegate](const std::string& message) {
         delegate.receive(message);
     });
-    return application.exec();
+    const int exitCode = application.exec();
+    // Nothing has to be put in order, and a look at a repository may be under way that takes seconds: nobody
+    // waits for it.
+    std::_Exit(exitCode);
 }
 
 } // namespace

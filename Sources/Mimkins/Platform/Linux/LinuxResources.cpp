@@ -43,4 +43,9 @@ std::optional<std::string> resourceFolder() {
     return error ? std::nullopt : resourceFolder(program.parent_path().string());
 }
 
+std::optional<std::string> bundledHookScript() {
+    const auto folder = resourceFolder();
+    return folder ? std::optional(*folder + "/hook/status.sh") : std::nullopt;
+}
+
 } // namespace mimkins

@@ -14,4 +14,7 @@ std::optional<std::string> resourceFolder();
 /// the user or to root counts, so that nobody else can plant one in a folder that all may write to.
 std::optional<std::string> resourceFolder(const std::string& programFolder);
 
+/// The hook script that came with the running program; nothing if it isn't there.
+std::optional<std::string> bundledHookScript();
+
 } // namespace mimkins
