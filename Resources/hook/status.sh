@@ -13,7 +13,8 @@ LC_ALL=C
 PATH=${PATH:+$PATH:}/usr/bin:/bin
 export LC_ALL PATH
 
-if [ -t 0 ]; then
+# Without an input, the pipe to awk would take its number, and awk would wait for itself.
+if [ -t 0 ] || ! true 3<&0; then
     exit 0
 fi
 case $0 in
