@@ -350,9 +350,10 @@ if [ "$event" = SessionEnd ]; then
     exit 0
 fi
 
-# The time in milliseconds: from the shell where it has a clock, else from date, which has the fraction only in
-# some of its versions.
-now=${EPOCHREALTIME-}
+# The time in milliseconds: from the shell where it has a clock, else from date, which has the fraction only
+# in some of its versions. A clock goes on after the assignment; a variable that was inherited is empty.
+EPOCHREALTIME=
+now=$EPOCHREALTIME
 case $now in
 *[.,]??????)
     fraction=${now#*[.,]}
