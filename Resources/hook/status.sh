@@ -6,6 +6,8 @@
 # It needs a POSIX shell, any awk, date and mv. It always reads its input to the end, prints nothing, starts
 # nothing that outlives it, and ends with 0 whatever happens.
 
+# shellcheck disable=SC1010,SC1083,SC2016,SC3028 # "done" is a state, a brace and awk's $ are meant literally
+
 trap 'exit 0' HUP INT TERM PIPE
 exec >/dev/null 2>&1
 umask 077
@@ -13,7 +15,8 @@ LC_ALL=C
 PATH=${PATH:+$PATH:}/usr/bin:/bin
 export LC_ALL PATH
 
-if [ -t 0 ]; then
+# Without an input, the pipe to awk would take its number, and awk would wait for itself.
+if [ -t 0 ] || ! true 3<&0; then
     exit 0
 fi
 case $0 in
@@ -25,14 +28,14 @@ if [ ! -d "$sessions" ] || [ ! -w "$sessions" ]; then
     exit 0
 fi
 
-# Reads the document and prints what the rest of the script needs, one "=" and value to a line: the name of the
-# record's file, event, kind of event, tool, detail, model, effort, and the members of the record that depend on
-# nothing else. Values are JSON text. Prints nothing for an event that leaves the record alone, and for a
-# document that is cut off or is no object.
+# Reads the document and prints what the rest of the script needs, one "=" and value to a line: the name of
+# the record's file, event, kind of event, tool, detail, model, effort, and the members of the record that
+# depend on nothing else. Values are JSON text. Prints nothing for an event that leaves the record alone, and
+# for a document that is cut off or is no object.
 #
-# The input is split at its quotes, so that each record is either what stands between two strings or a piece of
-# a string that ends at a quote. That keeps the work linear in the input whichever awk runs it: no string is
-# ever taken apart character by character unless it is short and wanted.
+# The input is split at its quotes, so that each record is either what stands between two strings or a piece
+# of a string that ends at a quote. That keeps the work linear in the input whichever awk runs it: no string
+# is ever taken apart character by character unless it is short and wanted.
 reader='
 BEGIN {
     RS = "\""
@@ -44,6 +47,9 @@ BEGIN {
     inputs = split("description file_path notebook_path url pattern query command", input, " ")
     for (i = 1; i <= inputs; i++) wanted["tool_input." input[i]] = 1
     wanted["effort.level"] = 1
+    count = split("SessionStart UserPromptSubmit PreToolUse PostToolUse PostToolUseFailure" \
+        " PermissionRequest Notification PreCompact Stop SessionEnd", names, " ")
+    for (i = 1; i <= count; i++) events[names[i]] = 1
     nul = sprintf("%c", 0)
     if (length(nul) != 1) nul = ""
 }
@@ -80,8 +86,8 @@ BEGIN {
     if (role) endString()
 }
 
-# Whether a piece that ends in a backslash ends in an odd number of them, so that the quote behind it is a part
-# of the string.
+# Whether a piece that ends in a backslash ends in an odd number of them, so that the quote behind it is a
+# part of the string.
 function oddBackslashes(piece, n,    run, some, step) {
     if (n < 2 || substr(piece, n - 1, 1) != "\\") return 1
     run = "\\"
@@ -114,8 +120,9 @@ function closersIn(s,    half) {
     return closersIn(substr(s, 1, half)) + closersIn(substr(s, half + 1))
 }
 
-# Takes what stands between two strings: follows the depth and decides what the string behind it is for (role):
-# 1 and 2 are a key and a value of the document itself, 3 and 4 of an object in it that is wanted (outer).
+# Takes what stands between two strings: follows the depth and decides what the string behind it is for
+# (role): 1 and 2 are a key and a value of the document itself, 3 and 4 of an object in it that is wanted
+# (outer).
 function between(s,    closers, depthBefore, last, openers) {
     s = withoutSpace(s)
     openers = openersIn(s)
@@ -171,15 +178,19 @@ function endString(    i) {
     if (key == "tool_input") for (i = 1; i <= inputs; i++) delete value["tool_input." input[i]]
 }
 
-# JSON text in one normal form, in which a backslash pair is the one character 001, printable ASCII is written
-# as itself and half a surrogate pair is U+FFFD. Empty if it has control characters, wrong escapes or bad UTF-8.
-function plain(s,    hex, i, n, piece, rest, sign) {
+# JSON text in one normal form, in which a backslash pair is the one character 001, printable ASCII is
+# written as itself and half a surrogate pair is U+FFFD. Empty if it has control characters, wrong escapes or
+# bad UTF-8.
+function plain(s,    hex, i, n, piece, rest, sign, tail) {
     if (nul != "" && index(s, nul)) return ""
     if (s !~ /[\001-\037\177-\377]/ && !index(s, "\\")) return s
     if (s ~ /[\001-\037]/) return ""
     if (s ~ /[\200-\377]/) {
         rest = s
-        gsub(/[\302-\337][\200-\277]|\340[\240-\277][\200-\277]|[\341-\354\356\357][\200-\277][\200-\277]|\355[\200-\237][\200-\277]|\360[\220-\277][\200-\277][\200-\277]|[\361-\363][\200-\277][\200-\277][\200-\277]|\364[\200-\217][\200-\277][\200-\277]/, "", rest)
+        tail = "[\200-\277]"
+        gsub("[\302-\337]" tail "|\340[\240-\277]" tail "|[\341-\354\356\357]" tail tail \
+            "|\355[\200-\237]" tail "|\360[\220-\277]" tail tail "|[\361-\363]" tail tail tail \
+            "|\364[\200-\217]" tail tail, "", rest)
         if (rest ~ /[\200-\377]/) return ""
     }
     if (!index(s, "\\")) return s
@@ -194,7 +205,8 @@ function plain(s,    hex, i, n, piece, rest, sign) {
     gsub(/\\u000[aA]/, "\\n", s)
     gsub(/\\u000[dD]/, "\\r", s)
     while (match(s, /\\u00[2-7][0-9a-fA-F]/)) {
-        sign = 16 * substr(s, RSTART + 4, 1) + index("0123456789abcdef", tolower(substr(s, RSTART + 5, 1))) - 1
+        sign = 16 * substr(s, RSTART + 4, 1) - 1
+        sign += index("0123456789abcdef", tolower(substr(s, RSTART + 5, 1)))
         sign = (sign == 34) ? "\\\"" : (sign == 92) ? "\001" : sprintf("%c", sign)
         s = substr(s, 1, RSTART - 1) sign substr(s, RSTART + 6)
     }
@@ -283,7 +295,8 @@ function fileName(id,    code, i, name, sign) {
     for (i = 1; i < 256; i++) code[sprintf("%c", i)] = i
     for (i = 1; i <= length(id); i++) {
         sign = substr(id, i, 1)
-        name = name ((sign ~ /[A-Za-z0-9-]/ || (sign == "." && i > 1)) ? sign : "_" sprintf("%02x", code[sign]))
+        if (sign !~ /[A-Za-z0-9-]/ && (sign != "." || i == 1)) sign = "_" sprintf("%02x", code[sign])
+        name = name sign
     }
     return name
 }
@@ -295,7 +308,7 @@ function member(name, s) {
 END {
     if (bad || !closed) exit
     event = whole("hook_event_name", 256)
-    if (event !~ /^(SessionStart|UserPromptSubmit|PreToolUse|PostToolUse|PostToolUseFailure|PermissionRequest|Notification|PreCompact|Stop|SessionEnd)$/) exit
+    if (!(event in events)) exit
     if (value["agent_id"] != "") exit
     id = restored(whole("session_id", 128))
     name = fileName(id)
@@ -349,9 +362,10 @@ if [ "$event" = SessionEnd ]; then
     exit 0
 fi
 
-# The time in milliseconds: from the shell where it has a clock, else from date, which has the fraction only in
-# some of its versions.
-now=${EPOCHREALTIME-}
+# The time in milliseconds: from the shell where it has a clock, else from date, which has the fraction only
+# in some of its versions. A clock goes on after the assignment; a variable that was inherited is empty.
+EPOCHREALTIME=
+now=$EPOCHREALTIME
 case $now in
 *[.,]??????)
     fraction=${now#*[.,]}

@@ -121,6 +121,30 @@ TEST_P(HookHostile, BadTextCountsAsAbsent) {
     }
 }
 
+TEST_P(HookHostile, NamesAndPathsThatAreTooLongCountAsAbsent) {
+    const auto record = [&](std::size_t name, std::size_t path) {
+        hook.tell(
+            {{"session_id", "s1"},
+             {"hook_event_name", "PreToolUse"},
+             {"tool_name", std::string(name, 't')},
+             {"model", std::string(name, 'm')},
+             {"effort", {{"level", std::string(name, 'e')}}},
+             {"cwd", std::string(path, 'c')},
+             {"transcript_path", std::string(path, 'p')},
+             {"tool_input", {{"file_path", std::string(path, 'f')}}}}
+        );
+        auto written = hook.record("s1").value();
+        hook.removeRecords();
+        return written;
+    };
+    const auto longest = record(256, 8192);
+    const auto tooLong = record(257, 8193);
+    for (const auto* key : {"tool", "model", "effort", "cwd", "project", "transcript", "detail"}) {
+        EXPECT_TRUE(longest.contains(key)) << key;
+        EXPECT_FALSE(tooLong.contains(key)) << key;
+    }
+}
+
 TEST_P(HookHostile, DocumentsThatAreNoneLeaveNothing) {
     for (const auto* text :
          {"", " ", "null", "[]", "{}", "\"", "{", "}", R"({"session_id":"s1")",
@@ -175,10 +199,15 @@ TEST_P(HookHostile, BareSurroundings) {
     expectQuiet(runLine(hook, "cd \"${1%/*}\" && exec " + shell + "status.sh", stop("near")));
     EXPECT_TRUE(hook.record("near"));
     expectQuiet(runLine(
-        hook, "exec env LC_ALL=C.utf8 POSIXLY_CORRECT=1 IFS=e ENV=/x " + shell + "\"$1\"", stop("foreign")
+        hook,
+        "exec env LC_ALL=C.utf8 POSIXLY_CORRECT=1 IFS=e ENV=/x EPOCHREALTIME=1700000000.123456 " + shell +
+            "\"$1\"",
+        stop("foreign")
     ));
-    EXPECT_TRUE(hook.record("foreign"));
-    expectQuiet(runLine(hook, "exec " + shell + "\"$1\" <&-", ""));
+    ASSERT_TRUE(hook.record("foreign"));
+    EXPECT_GT(hook.record("foreign")->at("ts").get<double>(), nowInMilliseconds() - 60'000);
+    // Without an input there is nothing to wait for, least of all the script's own pipe.
+    expectQuiet(runLine(hook, "exec timeout 20 " + shell + "\"$1\" <&-", ""));
     EXPECT_EQ(hook.files().size(), 3U);
 }
 

@@ -61,7 +61,7 @@ TEST_P(HookLarge, EveryKindLeavesItsRecord) {
     const bool quickest = GetParam().awk == "mawk" && GetParam().shell == "dash";
     for (const auto& [name, text, detail] : largeCases(quickest ? 5'000'000 : 300'000)) {
         SCOPED_TRACE(name);
-        ASSERT_FALSE(json::parse(text, nullptr, false).is_discarded());
+        ASSERT_TRUE(json::accept(text));
         hook.removeRecords();
         hook.feed(text);
         const auto record = hook.onlyRecord();

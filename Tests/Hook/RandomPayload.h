@@ -33,6 +33,7 @@ private:
 
     std::u32string text();
     std::string value(int depth);
+    std::string valueOf(const std::string& key, int depth);
     std::string object(int depth);
     std::string member(const std::string& key);
     std::string memberValue(const std::string& key);

@@ -5,7 +5,9 @@
 #include <fstream>
 #include <map>
 
-/// A recorded run of the client, replayed event by event, leaves the records of the table after each.
+/// A recorded run of the client, replayed event by event, leaves the records of the table after each. They
+/// are checked in as the documented expectation: `expected.jsonl` has the record after each event, in which a
+/// time is the number of the event that set it.
 namespace mimkins::test {
 namespace {
 

@@ -58,7 +58,8 @@ becomeProgram(const ProgramCall& call, const Pipe& input, const Pipe& output, co
     ::_exit(127);
 }
 
-/// Moves bytes until both outputs are at their end; gives up writing when the program stops reading.
+/// Moves bytes until both outputs are at their end and the input is written; gives up writing when nobody is
+/// left to read. A program may close its outputs long before it has read its input.
 void exchange(std::string_view input, int writeEnd, int outputEnd, int errorsEnd, ProgramResult& result) {
     std::array<pollfd, 3> ends{{{outputEnd, POLLIN, 0}, {errorsEnd, POLLIN, 0}, {writeEnd, POLLOUT, 0}}};
     const auto stopWriting = [&] {
@@ -68,7 +69,7 @@ void exchange(std::string_view input, int writeEnd, int outputEnd, int errorsEnd
     if (input.empty()) {
         stopWriting();
     }
-    while (ends[0].fd >= 0 || ends[1].fd >= 0) {
+    while (ends[0].fd >= 0 || ends[1].fd >= 0 || ends[2].fd >= 0) {
         if (::poll(ends.data(), ends.size(), -1) < 0 && errno != EINTR) {
             break;
         }
@@ -94,9 +95,6 @@ void exchange(std::string_view input, int writeEnd, int outputEnd, int errorsEnd
                 ends.at(index).fd = -1;
             }
         }
-    }
-    if (ends[2].fd >= 0) {
-        stopWriting();
     }
 }
 
