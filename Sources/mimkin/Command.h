@@ -27,6 +27,8 @@ struct CommandContext {
 /// Each adds one command to the program; the context outlives it.
 void addReportCommand(CLI::App& program, CommandContext& context);
 void addSessionsCommand(CLI::App& program, CommandContext& context);
+void addWrapupCommand(CLI::App& program, CommandContext& context);
+void addWhyCommand(CLI::App& program, CommandContext& context);
 void addHooksCommand(CLI::App& program, CommandContext& context);
 
 } // namespace mimkins

@@ -12,15 +12,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-template <typename Value>
-Json orNull(const std::optional<Value>& value) {
-    return value ? Json(*value) : Json(nullptr);
-}
-
-Json dateOrNull(const std::optional<Date>& date) {
-    return date ? jsonMilliseconds(*date) : Json(nullptr);
-}
-
 Json modelTagJson(const ModelTag& tag) {
     const auto parts = tag.parts();
     Json json;
@@ -68,12 +59,7 @@ Json backgroundJson(const BackgroundWork& work) {
     json["nextFire"] = dateOrNull(work.nextFire);
     json["items"] = Json::array();
     for (const auto& item : work.items) {
-        json["items"].push_back(
-            {{"id", item.id},
-             {"fire", dateOrNull(item.fire)},
-             {"recurring", item.recurring},
-             {"prompt", item.prompt}}
-        );
+        json["items"].push_back(scheduledItemJson(item));
     }
     return json;
 }
@@ -162,6 +148,23 @@ nlohmann::ordered_json jsonMilliseconds(Date date) {
     }
     const double rounded = std::round(milliseconds * noise) / noise;
     return std::trunc(rounded) == rounded ? Json(static_cast<std::int64_t>(rounded)) : Json(rounded);
+}
+
+nlohmann::ordered_json orNull(const std::optional<std::string>& text) {
+    return text ? Json(*text) : Json(nullptr);
+}
+
+nlohmann::ordered_json dateOrNull(const std::optional<Date>& date) {
+    return date ? jsonMilliseconds(*date) : Json(nullptr);
+}
+
+nlohmann::ordered_json scheduledItemJson(const ScheduledItem& item) {
+    Json json;
+    json["id"] = item.id;
+    json["fire"] = dateOrNull(item.fire);
+    json["recurring"] = item.recurring;
+    json["prompt"] = item.prompt;
+    return json;
 }
 
 nlohmann::ordered_json sessionsJson(const SessionStore& store, Date at, std::uint64_t shuffle) {

@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <optional>
 #include <string>
 
 namespace mimkins {
@@ -15,6 +16,13 @@ std::string jsonText(const nlohmann::ordered_json& json, JsonLayout layout);
 
 /// A date as milliseconds since 1970: a whole number wherever it is one.
 nlohmann::ordered_json jsonMilliseconds(Date date);
+
+/// The value, or null if it is absent.
+nlohmann::ordered_json orNull(const std::optional<std::string>& text);
+nlohmann::ordered_json dateOrNull(const std::optional<Date>& date);
+
+/// A scheduled task: its id, when it fires, whether it recurs, and its prompt.
+nlohmann::ordered_json scheduledItemJson(const ScheduledItem& item);
 
 /// What `mimkin sessions --json` prints: the list in display order with everything that is known, absent
 /// values as null, times in milliseconds.

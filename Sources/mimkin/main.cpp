@@ -40,6 +40,7 @@ int runProgram(int argumentCount, char** arguments) {
     program.parse_complete_callback([&context] { checkHome(context.home); });
     addReportCommand(program, context);
     addSessionsCommand(program, context);
+    addWrapupCommand(program, context);
     addHooksCommand(program, context);
     try {
         program.parse(argumentCount, arguments);

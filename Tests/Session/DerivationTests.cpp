@@ -99,6 +99,7 @@ TEST(Derivation, ArchivedNeverShows) {
     inputs.app = &app;
     inputs.hook = &hook;
     EXPECT_EQ(deriveSession(inputs).absence, Absence::archived);
+    EXPECT_EQ(deriveSession(inputs).mood, std::nullopt) << "nothing else is looked at";
 }
 
 TEST(Derivation, SilentButBusySessionIsStuckAndStays) {
@@ -192,7 +193,10 @@ TEST(Derivation, NewReplyStaysUntilOutOfPlay) {
     inputs.hook = &hook;
     EXPECT_TRUE(deriveSession(inputs).session);
     inputs.now = noon + 1800.5;
-    EXPECT_EQ(deriveSession(inputs).absence, Absence::outOfPlay);
+    const auto left = deriveSession(inputs);
+    EXPECT_EQ(left.absence, Absence::outOfPlay);
+    EXPECT_EQ(left.mood, Mood::yourTurn) << "it is known what was taken off the list";
+    EXPECT_EQ(left.lastActivity, noon);
 }
 
 class TurnEnd : public testing::Test {
@@ -208,7 +212,7 @@ protected:
 TEST_F(TurnEnd, SubtasksOutrankTheCommit) {
     inputs.runningSubtasks = 2;
     inputs.subtasksActive = noon;
-    inputs.repo = &repo;
+    inputs.repo = repo;
     inputs.background = &work;
     const auto result = deriveSession(inputs);
     EXPECT_EQ(result.session->mood, Mood::background);
@@ -224,7 +228,7 @@ TEST_F(TurnEnd, OneSubtaskAlone) {
 }
 
 TEST_F(TurnEnd, UncommittedLinesOutrankBackgroundWork) {
-    inputs.repo = &repo;
+    inputs.repo = repo;
     inputs.background = &work;
     const auto session = *deriveSession(inputs).session;
     EXPECT_EQ(session.mood, Mood::commitWaiting);
@@ -235,14 +239,14 @@ TEST_F(TurnEnd, UncommittedLinesOutrankBackgroundWork) {
 
 TEST_F(TurnEnd, NoBranchNoWord) {
     repo.branch.reset();
-    inputs.repo = &repo;
+    inputs.repo = repo;
     EXPECT_EQ(deriveSession(inputs).session->message, "+3 −1");
 }
 
 TEST_F(TurnEnd, NothingCountedMeansNothingToCommit) {
     repo.added = 0;
     repo.removed = 0;
-    inputs.repo = &repo;
+    inputs.repo = repo;
     EXPECT_EQ(deriveSession(inputs).session->mood, Mood::yourTurn);
 }
 
@@ -400,7 +404,7 @@ TEST(Derivation, IsAPureFunctionWhoseResultsObeyTheRules) {
         auto inputs = inputsAt(noon);
         inputs.hook = *rc::gen::arbitrary<bool>() ? &hook : nullptr;
         inputs.registry = *rc::gen::arbitrary<bool>() ? &registry : nullptr;
-        inputs.repo = *rc::gen::arbitrary<bool>() ? &repo : nullptr;
+        inputs.repo = *rc::gen::arbitrary<bool>() ? std::optional(repo) : std::nullopt;
         inputs.approval = *rc::gen::arbitrary<bool>() ? &approval : nullptr;
         inputs.runningSubtasks = *rc::gen::inRange(0, 3);
         inputs.toolPending = *rc::gen::arbitrary<bool>();

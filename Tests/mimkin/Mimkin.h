@@ -16,9 +16,18 @@ namespace mimkins::test {
 class Mimkin {
 public:
     ProgramResult run(std::vector<std::string> words) const {
-        std::vector<std::string> line{MIMKINS_BINARY_DIR "/Sources/mimkin/mimkin", "--home", home_.path()};
-        line.insert(line.end(), words.begin(), words.end());
-        return runProgram({std::move(line), {{"HOME", "/nonexistent"}}, "", ""});
+        return runProgram(
+            {commandLine(std::move(words)),
+             {{"HOME", "/nonexistent"}, {"TZ", "UTC"}, {"LC_ALL", "en_GB.UTF-8"}},
+             "",
+             ""}
+        );
+    }
+
+    /// The program and its arguments, for those who run it in another way.
+    std::vector<std::string> commandLine(std::vector<std::string> words) const {
+        words.insert(words.begin(), {MIMKINS_BINARY_DIR "/Sources/mimkin/mimkin", "--home", home_.path()});
+        return words;
     }
 
     /// The document that a command printed; null if it isn't JSON.

@@ -47,6 +47,8 @@ public:
             session_.detail = in_.hook->detail;
         }
         applyApproval();
+        result_.mood = session_.mood;
+        result_.lastActivity = session_.lastActivity;
         if (const auto absence = whyNotListed(); absence != Absence::listed) {
             return ended(absence);
         }
@@ -142,7 +144,7 @@ private:
         if (in_.runningSubtasks >= 1) {
             parts.push_back(counted(in_.runningSubtasks, "subtask"));
             subtasksSpoke_ = true;
-        } else if (in_.repo != nullptr && (in_.repo->added != 0 || in_.repo->removed != 0)) {
+        } else if (in_.repo && (in_.repo->added != 0 || in_.repo->removed != 0)) {
             settle(Mood::commitWaiting, MoodRule::linesUncommitted);
             message_ = uncommittedWords(*in_.repo);
             return;

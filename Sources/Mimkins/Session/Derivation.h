@@ -9,13 +9,14 @@
 
 namespace mimkins {
 
-/// Everything that is known about one session. An absent source is a null pointer; nothing is copied.
+/// Everything that is known about one session. An absent source is a null pointer, and what it points to
+/// stays its owner's.
 struct SessionInputs {
     const StatusRecord* hook = nullptr;
     const RegistryEntry* registry = nullptr;
     const AppSessionInfo* app = nullptr;
     std::optional<Date> subtasksActive; ///< the latest sign of life of a running subtask
-    const RepoChanges* repo = nullptr;
+    std::optional<RepoChanges> repo;    ///< the uncommitted work that is this session's
     const BackgroundWork* background = nullptr;
     SessionRules rules;
     const ModelTag* transcriptModel = nullptr;
@@ -60,6 +61,8 @@ struct Derivation {
     Speaker speaker = Speaker::nobody;
     SpeakerReason speakerReason = SpeakerReason::noSource;
     MoodRule moodRule = MoodRule::none;
+    std::optional<Mood> mood;         ///< what was settled, even if the session isn't listed then
+    std::optional<Date> lastActivity; ///< as for the mood
     Absence absence = Absence::noSource;
 };
 

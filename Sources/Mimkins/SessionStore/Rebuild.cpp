@@ -8,45 +8,45 @@
 
 namespace mimkins {
 
-namespace {
-
-/// How long a status file without a running client counts, in seconds.
-constexpr double graceWithoutClient = 10;
-
-} // namespace
-
-bool SessionStore::isLive(const std::string& id, Date now) const {
-    const auto* record = lookup(records_, id);
-    if (record != nullptr && record->agent) {
-        return !record->pid || *record->pid < 1 || services_.processes.isAlive(*record->pid);
-    }
-    const bool leftBehind = record != nullptr && !registry_.empty() && registry_.count(id) == 0;
-    return !leftBehind || now - Date::fromMilliseconds(record->ts) <= graceWithoutClient;
+Liveness SessionStore::liveness(const std::string& id, Date now) const {
+    LivenessInputs inputs;
+    inputs.hook = lookup(records_, id);
+    inputs.registered = registry_.contains(id);
+    inputs.anyRegistered = !registry_.empty();
+    inputs.now = now;
+    return livenessOf(inputs, [this](std::int32_t pid) { return services_.processes.isAlive(pid); });
 }
 
-Derivation SessionStore::derive(const std::string& id, Date now) const {
-    SessionInputs inputs;
-    inputs.hook = lookup(records_, id);
-    inputs.registry = lookup(registry_, id);
-    inputs.app = lookup(appInfo(), id);
+bool SessionStore::isLive(const std::string& id, Date now) const {
+    return mimkins::isLive(liveness(id, now));
+}
+
+SessionInputs SessionStore::inputs(const std::string& id, Date now) const {
+    SessionInputs known;
+    known.hook = lookup(records_, id);
+    known.registry = lookup(registry_, id);
+    known.app = lookup(appInfo(), id);
     if (const auto* tasks = lookup(subtasks_, id)) {
         for (const auto& task : *tasks) {
             if (task.running) {
-                ++inputs.runningSubtasks;
-                inputs.subtasksActive =
-                    std::max(inputs.subtasksActive.value_or(task.lastActivity), task.lastActivity);
+                ++known.runningSubtasks;
+                known.subtasksActive =
+                    std::max(known.subtasksActive.value_or(task.lastActivity), task.lastActivity);
             }
         }
     }
-    const auto owned = ownedChanges(id);
-    inputs.repo = owned ? &*owned : nullptr;
-    inputs.background = lookup(background_, id);
-    inputs.rules = rules_;
-    inputs.transcriptModel = transcriptModel(id);
-    inputs.approval = lookup(approvals_, id);
-    inputs.toolPending = approvalFinder_.hasOpenCall(id);
-    inputs.now = now;
-    return deriveSession(inputs);
+    known.repo = ownedChanges(id);
+    known.background = lookup(background_, id);
+    known.rules = rules_;
+    known.transcriptModel = transcriptModel(id);
+    known.approval = lookup(approvals_, id);
+    known.toolPending = approvalFinder_.hasOpenCall(id);
+    known.now = now;
+    return known;
+}
+
+Derivation SessionStore::derive(const std::string& id, Date now) const {
+    return deriveSession(inputs(id, now));
 }
 
 std::vector<Session> SessionStore::build(Date now) {

@@ -11,6 +11,7 @@
 #include "Platform/RunLoop.h"
 #include "Platform/WorkQueue.h"
 #include "Session/Derivation.h"
+#include "Session/Liveness.h"
 #include "SessionStore/AppSessionReader.h"
 #include "SessionStore/SessionOrder.h"
 #include "Subtask/ApprovalFinder.h"
@@ -114,9 +115,13 @@ public:
     const ModelTag* transcriptModel(const std::string& id) const;
     std::optional<std::string> transcriptPath(const std::string& id) const;
     std::optional<std::string> subagentsFolder(const std::string& id) const;
+    /// What the derivation is given for one session; valid until a source is read again.
+    SessionInputs inputs(const std::string& id, Date now) const;
     /// Derives one session anew as of `now`, with the steps that led to the result.
     Derivation derive(const std::string& id, Date now) const;
-    /// True if the session reports itself, or its client runs or has written within ten seconds.
+    /// Whether the session can be alive, which is asked before it is derived.
+    Liveness liveness(const std::string& id, Date now) const;
+    /// False if the session has to leave the list: its agent has ended, or its client left a record behind.
     bool isLive(const std::string& id, Date now) const;
 
     // The steps of the loop.
