@@ -47,9 +47,10 @@ int run(QApplication& application, const Paths& paths, const Options& options) {
     }
     AppDelegate delegate(paths);
     delegate.launch(AppDelegate::Launch::normal);
-    const Handle listening = instance.listen(delegate.loop(), [&delegate](const std::string& message) {
-        delegate.receive(message);
-    });
+    [[maybe_unused]] const Handle listening =
+        instance.listen(delegate.loop(), [&delegate](const std::string& message) {
+            delegate.receive(message);
+        });
     const int exitCode = application.exec();
     // Nothing has to be put in order, and a look at a repository may be under way that takes seconds: nobody
     // waits for it.

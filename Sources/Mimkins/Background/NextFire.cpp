@@ -13,7 +13,7 @@ namespace mimkins {
 
 namespace {
 
-constexpr std::int64_t minutesPerDay = 24 * 60;
+constexpr std::int64_t minutesPerDay = 1'440;
 
 /// Dates further than this from 1970 (over five million years) lie outside the calendar.
 constexpr double calendarLimit = 1.8e14; // seconds

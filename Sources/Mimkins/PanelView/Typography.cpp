@@ -7,6 +7,7 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace mimkins {
 
@@ -54,7 +55,7 @@ Typography::Typography(FontDesign design, double scale) : family_(installedFamil
 
 QFont Typography::font(double points, QFont::Weight weight) const {
     QFont font(family_);
-    font.setPixelSize(std::max(1, static_cast<int>(points * scale_ + 0.5)));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(points * scale_))));
     font.setWeight(weight);
     return font;
 }
