@@ -41,6 +41,7 @@ int runProgram(int argumentCount, char** arguments) {
     addReportCommand(program, context);
     addSessionsCommand(program, context);
     addWrapupCommand(program, context);
+    addWhyCommand(program, context);
     addHooksCommand(program, context);
     try {
         program.parse(argumentCount, arguments);
