@@ -14,7 +14,8 @@ class Processes {
 public:
     virtual ~Processes() = default;
 
-    /// True if a process with this id exists, whoever owns it.
+    /// True if a process with this id exists, whoever owns it. Ids below 1 mean what they mean to kill(2): 0
+    /// is the caller's own group, and so alive.
     virtual bool isAlive(std::int32_t pid) const = 0;
     /// The direct children, at most 256.
     virtual std::vector<std::int32_t> children(std::int32_t pid) const = 0;

@@ -102,7 +102,7 @@ std::optional<ProcessStat> LinuxProcesses::stat(std::int32_t pid) const {
 }
 
 bool LinuxProcesses::isAlive(std::int32_t pid) const {
-    return pid >= 1 && (::kill(pid, 0) == 0 || errno == EPERM);
+    return ::kill(pid, 0) == 0 || errno == EPERM;
 }
 
 std::optional<std::vector<std::int32_t>> LinuxProcesses::listedChildren(std::int32_t pid) const {
