@@ -24,6 +24,67 @@ void describe(CLI::App& app, Options& options) {
     app.footer("Exit codes: 0 done, 1 failed, over 100 wrong usage.");
 }
 
+/// What every picture of a pet can be told.
+void describePet(CLI::App& command, PetRenderOptions& pet) {
+    command.add_option("--seed", pet.seed, "The pet's identity")->type_name("N");
+    command.add_option("--clock", pet.clock, "The moment, in seconds since 1 January 2001")->type_name("T");
+    command.add_option("--elapsed", pet.elapsed, "Seconds in the present state (60)")->type_name("S");
+    command.add_option("--effort", pet.effort, "0 ordinary, 1 high, 2 top")->check(CLI::Range(0, 2));
+    command.add_flag("--waiting", pet.waiting, "A person holds the session up");
+    command.add_option("--theme", pet.theme, "The theme's id (night)")->type_name("ID");
+    command.add_option("--shuffle", pet.shuffle, "Another value gives other pets")->type_name("N");
+    command.add_option("--speed", pet.speed, "A factor on the animation's time")
+        ->check(CLI::Range(0.01, 100.0));
+    command.add_flag("--no-antics", pet.noAntics, "Without the optional routines");
+    command.add_flag("--party", pet.party, "Every pet dances");
+    command.add_option("--trick", pet.trick, "Pins the idle routine")->type_name("N");
+    command.add_option("--size", pet.size, "Side of a pet in pixels (62)")->check(CLI::Range(8.0, 2048.0));
+}
+
+void describeSubject(CLI::App& command, PetRenderOptions& pet) {
+    auto* action = command.add_option("--action", pet.action, "What the pet acts out")->type_name("A");
+    command.add_option("--routine", pet.routine, "One routine alone, at its best moment without --clock")
+        ->type_name("R")
+        ->excludes(action);
+}
+
+void describePetPictures(CLI::App& render, Options& options) {
+    using Output = PetRenderOptions::Output;
+    PetRenderOptions& wanted = options.pet;
+    auto* pet = render.add_subcommand("pet", "One pet");
+    describeSubject(*pet, wanted);
+    describePet(*pet, wanted);
+    auto* kind = pet->add_option_group("output")->require_option(1);
+    kind->add_option("-o,--output", wanted.file, "The PNG file to write")->type_name("FILE");
+    kind->add_flag_callback(
+        "--commands", [&wanted] { wanted.output = Output::commands; }, "Print the drawing as JSON"
+    );
+    kind->add_flag_callback(
+        "--stage", [&wanted] { wanted.output = Output::stage; }, "Print what is on stage as JSON"
+    );
+    pet->callback([&options] { options.command = Options::Command::renderPet; });
+
+    auto* sheet = render.add_subcommand("sheet", "A labelled grid of pets");
+    sheet->add_option("which", wanted.sheet, "actions, work, waiting, idle, tricks, themes or heads")
+        ->required()
+        ->check(CLI::IsMember({"actions", "work", "waiting", "idle", "tricks", "themes", "heads"}));
+    describePet(*sheet, wanted);
+    sheet->add_flag("--no-labels", wanted.noLabels, "Without names");
+    sheet->add_option("-o,--output", wanted.file, "The PNG file to write")->required()->type_name("FILE");
+    sheet->callback([&options] { options.command = Options::Command::renderSheet; });
+
+    auto* film = render.add_subcommand("film", "A strip of frames, or a moving picture");
+    describeSubject(*film, wanted);
+    describePet(*film, wanted);
+    film->add_option("--frames", wanted.frames, "How many frames (12)")->check(CLI::Range(1, 2000));
+    film->add_option("--seconds", wanted.seconds, "How long it lasts (6)")->check(CLI::Range(0.01, 600.0));
+    film->add_flag("--no-labels", wanted.noLabels, "Without times");
+    film->add_option("-o,--output", wanted.file, "The PNG or GIF file to write")
+        ->required()
+        ->type_name("FILE");
+    film->callback([&options] { options.command = Options::Command::renderFilm; });
+}
+
 void describeRender(CLI::App& app, Options& options) {
     auto* render = app.add_subcommand("render", "Draw a picture into a file; needs no display");
     render->require_subcommand(1);
@@ -36,6 +97,7 @@ void describeRender(CLI::App& app, Options& options) {
         ->check(CLI::Range(200, 4000));
     drawer->add_option("-o,--output", options.output, "The PNG file to write")->required()->type_name("FILE");
     drawer->callback([&options] { options.command = Options::Command::renderDrawer; });
+    describePetPictures(*render, options);
 }
 
 } // namespace

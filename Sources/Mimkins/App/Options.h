@@ -1,5 +1,7 @@
 #pragma once
 
+#include "App/RenderOptions.h"
+
 #include <optional>
 #include <string>
 
@@ -7,7 +9,7 @@ namespace mimkins {
 
 /// What the command line asks for.
 struct Options {
-    enum class Command { run, renderDrawer };
+    enum class Command { run, renderDrawer, renderPet, renderSheet, renderFilm };
 
     Command command = Command::run;
     std::optional<std::string> home; ///< absolute; nothing stands for the user's own
@@ -18,6 +20,7 @@ struct Options {
     double scale = 1;         ///< pixels per point
     int height = 760;         ///< of the drawer, points
     std::string output;
+    PetRenderOptions pet;
 };
 
 /// Either options, or the code with which the program ends because help, a version or an error was printed.

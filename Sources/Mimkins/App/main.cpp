@@ -1,6 +1,7 @@
 #include "App/AppDelegate.h"
 #include "App/Options.h"
 #include "App/Render.h"
+#include "App/RenderPet.h"
 #include "Base/Log.h"
 #include "Platform/Linux/HomeFolder.h"
 #include "Platform/Linux/LogSink.h"
@@ -57,6 +58,19 @@ int run(QApplication& application, const Paths& paths, const Options& options) {
     std::_Exit(exitCode);
 }
 
+int render(const Options& options, const Paths& paths) {
+    switch (options.command) {
+    case Options::Command::renderPet:
+        return renderPet(options.pet);
+    case Options::Command::renderSheet:
+        return renderSheet(options.pet);
+    case Options::Command::renderFilm:
+        return renderFilm(options.pet);
+    default:
+        return renderDrawer(options, paths);
+    }
+}
+
 } // namespace
 
 int main(int count, char** words) {
@@ -71,7 +85,7 @@ int main(int count, char** words) {
         return 1;
     }
     const Paths paths(*home);
-    const bool rendering = options.command == Options::Command::renderDrawer;
+    const bool rendering = options.command != Options::Command::run;
     const bool unregistering = std::getenv(unregisterVariable) != nullptr; // NOLINT: no other thread exists
     if (rendering) {
         prepareRendering(options);
@@ -86,7 +100,7 @@ int main(int count, char** words) {
     QApplication::setApplicationName("mimkins");
     QApplication::setQuitOnLastWindowClosed(false);
     if (rendering) {
-        return renderDrawer(options, paths);
+        return render(options, paths);
     }
     return unregistering ? runUnregistering(application, paths) : run(application, paths, options);
 }

@@ -1,7 +1,8 @@
 #include "PanelView/Typography.h"
 
+#include "Drawing/Qt/Fonts.h"
+
 #include <QApplication>
-#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QTextLayout>
@@ -16,29 +17,6 @@ namespace {
 /// The height in pixels of the font that desktops set when the user hasn't changed it.
 constexpr double usualPixels = 14.7;
 
-QStringList families(FontDesign design) {
-    switch (design) {
-    case FontDesign::rounded:
-        return {"Nunito", "Quicksand", "Varela Round", "M PLUS Rounded 1c", "Comfortaa", "Ubuntu"};
-    case FontDesign::serif:
-        return {"Source Serif 4", "Noto Serif", "DejaVu Serif", "Liberation Serif"};
-    case FontDesign::monospaced:
-        return {"JetBrains Mono", "Noto Sans Mono", "DejaVu Sans Mono", "Liberation Mono"};
-    case FontDesign::standard:
-        break;
-    }
-    return {};
-}
-
-QString installedFamily(FontDesign design) {
-    for (const auto& family : families(design)) {
-        if (QFontDatabase::hasFamily(family)) {
-            return family;
-        }
-    }
-    return QApplication::font().family();
-}
-
 double userScale() {
     return std::max(1.0, QFontInfo(QApplication::font()).pixelSize() / usualPixels);
 }
@@ -51,7 +29,7 @@ QString lastLine(const QString& rest, const QFont& font, double width) {
 
 Typography::Typography(FontDesign design) : Typography(design, userScale()) {}
 
-Typography::Typography(FontDesign design, double scale) : family_(installedFamily(design)), scale_(scale) {}
+Typography::Typography(FontDesign design, double scale) : family_(fontFamily(design)), scale_(scale) {}
 
 QFont Typography::font(double points, QFont::Weight weight) const {
     QFont font(family_);

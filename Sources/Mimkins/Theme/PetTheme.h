@@ -2,6 +2,7 @@
 
 #include "Drawing/Color.h"
 #include "Drawing/Geometry.h"
+#include "Drawing/TextRun.h"
 
 #include <optional>
 #include <string_view>
@@ -16,8 +17,6 @@ struct Glow {
     double radius = 0; ///< points
 };
 
-enum class ColorScheme { light, dark };
-enum class FontDesign { standard, rounded, serif, monospaced };
 enum class Texture { none, dots, ruled, scanlines, grid };
 enum class Particles { none, sparks, fireflies, bubbles };
 

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace mimkins {
+
+/// What `mimkins render pet|sheet|film` is asked for.
+struct PetRenderOptions {
+    enum class Output { picture, commands, stage };
+
+    std::string action = "idle";
+    std::optional<std::string> routine; ///< this alone, whatever the action
+    std::uint64_t seed = 168;
+    std::optional<double> clock; ///< seconds since 1 January 2001; absent shows a routine at its best
+    double elapsed = 60;         ///< seconds in the state
+    int effort = 0;
+    bool waiting = false;
+    std::string theme = "night";
+    std::uint64_t shuffle = 0;
+    double speed = 1;
+    bool noAntics = false;
+    bool party = false;
+    std::optional<int> trick;
+    double size = 62; ///< pixels
+    Output output = Output::picture;
+    std::string file;
+
+    std::string sheet; ///< which contact sheet
+    bool noLabels = false;
+    int frames = 12;    ///< of a film
+    double seconds = 6; ///< that a film shows
+};
+
+} // namespace mimkins
