@@ -2,6 +2,7 @@
 
 #include "Base/Lookup.h"
 #include "NextUp/NextUp.h"
+#include "Presentation/SessionPet.h"
 #include "Presentation/Summary.h"
 
 #include <cmath>
@@ -95,7 +96,7 @@ void addOwnFields(Json& json, const Session& session, std::uint64_t shuffle) {
     json["jumpURL"] = orNull(session.jumpURL());
     json["effortBoost"] = session.effortBoost();
     json["petName"] = session.petName(shuffle);
-    json["petAction"] = nullptr;
+    json["petAction"] = name(petAction(session));
     json["modelTag"] = modelTagJson({session.model, session.effort});
 }
 

@@ -64,6 +64,12 @@ struct PetTheme {
     static const PetTheme& named(std::string_view id);
     static const PetTheme& nightSky();
 
+    /// The scheme it is shown under: its own, else the system's.
+    ColorScheme schemeUnder(ColorScheme system) const { return scheme.value_or(system); }
+
+    /// The same theme with plain colours in place of the named ones.
+    PetTheme resolved(ColorScheme system) const;
+
     friend bool operator==(const PetTheme& left, const PetTheme& right) { return left.id == right.id; }
 };
 
