@@ -31,7 +31,7 @@ TEST(Choose, AgreesWithTheTable) {
     double phase = 0;
     int lines = 0;
     while (table >> seed >> t >> count >> every >> salt >> index >> phase) {
-        const Choice choice = frameAt(t, seed).choose(count, every, salt);
+        const SlotChoice choice = frameAt(t, seed).choose(count, every, salt);
         EXPECT_EQ(choice.index, index) << seed << " " << t << " " << salt;
         EXPECT_DOUBLE_EQ(choice.phase, phase);
         ++lines;
@@ -59,7 +59,7 @@ TEST(Choose, SlotsBeginAtMultiplesOfTheirLength) {
 RC_GTEST_PROP(Choose, StaysInRange, (std::uint64_t seed, std::uint16_t salt)) {
     const auto t = static_cast<double>(*rc::gen::inRange<std::int64_t>(-1'000'000'000, 2'000'000'000)) / 7;
     const int count = *rc::gen::inRange(1, 40);
-    const Choice choice = frameAt(t, seed).choose(count, 6, salt);
+    const SlotChoice choice = frameAt(t, seed).choose(count, 6, salt);
     RC_ASSERT(choice.index >= 0 && choice.index < count);
     RC_ASSERT(choice.phase >= 0 && choice.phase < 6 + 1e-6);
 }

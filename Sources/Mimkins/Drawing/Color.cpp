@@ -14,7 +14,7 @@ struct Pair {
 
 /// In the order of `NamedColor`. The dark forms are lighter, so that they stand out as well as the light
 /// ones.
-constexpr std::array<Pair, 10> namedColors{{
+constexpr std::array<Pair, 13> namedColors{{
     {Color::clear(), Color::clear()},
     {Color::black(0.85), Color::white(0.9)},
     {Color::black(0.5), Color::white(0.58)},
@@ -25,6 +25,9 @@ constexpr std::array<Pair, 10> namedColors{{
     {{0.95, 0.28, 0.48}, {1, 0.38, 0.56}},
     {{0.9, 0.24, 0.2}, {1, 0.35, 0.32}},
     {Color::grey(0.55), Color::grey(0.6)},
+    {{0.15, 0.65, 0.85}, {0.35, 0.8, 0.95}},
+    {{0.1, 0.72, 0.66}, {0.4, 0.88, 0.82}},
+    {{0.6, 0.3, 0.85}, {0.74, 0.46, 0.98}},
 }};
 
 } // namespace

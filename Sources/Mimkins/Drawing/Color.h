@@ -20,7 +20,10 @@ enum class NamedColor : std::uint8_t {
     orange,
     pink,
     red,
-    gray
+    gray,
+    cyan,
+    mint,
+    purple
 };
 
 /// A colour of the sRGB space, each component from 0 to 1, not premultiplied; or a named one, whose

@@ -43,8 +43,9 @@ std::string quoted(std::string_view text) {
     return json + "\"";
 }
 
-constexpr std::array<std::string_view, 10> colorNames{"",       "primary", "secondary", "blue", "green",
-                                                      "yellow", "orange",  "pink",      "red",  "gray"};
+constexpr std::array<std::string_view, 13> colorNames{"",       "primary", "secondary", "blue", "green",
+                                                      "yellow", "orange",  "pink",      "red",  "gray",
+                                                      "cyan",   "mint",    "purple"};
 
 std::string colorText(const Color& color) {
     if (color.name != NamedColor::none) {

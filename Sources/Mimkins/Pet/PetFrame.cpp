@@ -42,7 +42,7 @@ PetColors petColors(double hue, const PetLook& look) {
 
 } // namespace
 
-Choice PetFrame::choose(int count, double every, std::uint64_t salt) const {
+SlotChoice PetFrame::choose(int count, double every, std::uint64_t salt) const {
     if (count <= 0) {
         std::abort();
     }

@@ -32,7 +32,7 @@ struct PetColors {
 };
 
 /// A slot of the clock: what was chosen for it, and the seconds already spent in it.
-struct Choice {
+struct SlotChoice {
     int index = 0;
     double phase = 0;
 };
@@ -54,7 +54,7 @@ struct PetFrame {
     /// What the seed chooses, from 0 to `count` - 1, for the slot of `every` seconds in which `t` lies.
     /// Different salts choose independently on the same clock. Ends the process if `count` isn't positive or
     /// `t / every` isn't a number of 64 bits.
-    Choice choose(int count, double every, std::uint64_t salt) const;
+    SlotChoice choose(int count, double every, std::uint64_t salt) const;
 };
 
 /// Seconds from 1 January 1970 to the reference date of the animation clock, 1 January 2001.

@@ -196,7 +196,7 @@ void addWaitingRoutine(Stage& stage, const PetFrame& frame) {
     if (frame.antics && frame.choose(4, 9, 16).index == 0) {
         stage.add(boredThenButterfly, std::fmod(frame.t, 9));
     } else {
-        const Choice choice = frame.choose(7, 3.2, 3);
+        const SlotChoice choice = frame.choose(7, 3.2, 3);
         switch (choice.index) {
         case 0:
         case 1:
@@ -242,7 +242,7 @@ void addIdleRoutine(Stage& stage, const PetFrame& frame, std::uint64_t salt) {
     if (addEffortTrick(stage, frame)) {
         return;
     }
-    const Choice choice = frame.choose(27, idleSlot, salt);
+    const SlotChoice choice = frame.choose(27, idleSlot, salt);
     addFromIdleTable(stage, choice.index, choice.phase);
 }
 

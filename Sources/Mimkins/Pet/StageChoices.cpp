@@ -22,7 +22,7 @@ void addVariant(Stage& stage, const PetFrame& frame, std::initializer_list<Routi
 
 /// One slot of ten seconds in eight opens with a break of 2.8 seconds.
 bool addWorkBreak(Stage& stage, const PetFrame& frame) {
-    const Choice slot = frame.choose(8, 10, 9);
+    const SlotChoice slot = frame.choose(8, 10, 9);
     if (slot.index != 0 || slot.phase >= 2.8) {
         return false;
     }
