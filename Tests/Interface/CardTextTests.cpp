@@ -122,7 +122,7 @@ TEST(CardText, AGrowingNumberOfSecondsDoesNotChangeTheHeight) {
 }
 
 TEST(CardView, DrawsEveryMoodDifferently) {
-    const CardLook look{&PetTheme::nightSky(), Typography(FontDesign::standard, 1), 62, 0};
+    const CardLook look{&PetTheme::nightSky(), Typography(FontDesign::standard, 1), 62, {}};
     std::vector<QImage> pictures;
     for (const auto mood :
          {Mood::working, Mood::needsPermission, Mood::question, Mood::yourTurn, Mood::snag, Mood::stuck}) {

@@ -195,19 +195,55 @@ TEST_F(Panel, SettingsShowAtOnce) {
     EXPECT_EQ(panel->list().cards().front()->height(), std::max(before, 78 + 20 + 2 * CardView::shadowRoom));
 }
 
-TEST_F(Panel, PetsBlinkShortly) {
+/// How many different moments a card's pet shows within a second.
+int framesInASecond(ManualRunLoop& loop, const CardView& card) {
+    int frames = 0;
+    Date shown = card.moment();
+    for (int step = 0; step < 240; ++step) {
+        loop.advance(1.0 / 240);
+        frames += card.moment() != shown ? 1 : 0;
+        shown = card.moment();
+    }
+    return frames;
+}
+
+TEST_F(Panel, LivelyPetsFollowEveryFrameAndCalmOnesEverySecond) {
+    report("a", "waiting", R"(,"tool":"Bash")");
+    report("b", "done");
+    start();
+    const auto cards = panel->list().cards();
+    ASSERT_EQ(cards.size(), 2U);
+    EXPECT_FALSE(cards[0]->isCalm());
+    EXPECT_TRUE(cards[1]->isCalm());
+    EXPECT_NEAR(framesInASecond(loop, *cards[0]), 24, 1);
+    EXPECT_NEAR(framesInASecond(loop, *cards[1]), 12, 1);
+}
+
+TEST_F(Panel, PetsStandStillWhileTheDrawerIsShut) {
     report("a", "waiting", R"(,"tool":"Bash")");
     start();
-    auto* card = panel->list().cards().front();
-    int blinks = 0;
-    loop.advance(1.05); // just after a beat, and so again after each whole second
-    for (int second = 0; second < 10; ++second) {
-        blinks += card->areEyesShut() ? 1 : 0;
-        loop.advance(0.15);
-        EXPECT_FALSE(card->areEyesShut());
-        loop.advance(0.85);
+    drawer.setOpen(false);
+    EXPECT_EQ(framesInASecond(loop, *panel->list().cards().front()), 0);
+    drawer.setOpen(true);
+    drawer.setCovered(true);
+    EXPECT_EQ(framesInASecond(loop, *panel->list().cards().front()), 0);
+    drawer.setCovered(false);
+    EXPECT_GT(framesInASecond(loop, *panel->list().cards().front()), 20);
+}
+
+TEST_F(Panel, PetsOutOfSightStandStill) {
+    for (int index = 0; index < 12; ++index) {
+        report("s" + std::to_string(index), "waiting", R"(,"tool":"Bash")");
     }
-    EXPECT_EQ(blinks, 2);
+    start();
+    panel->resize(320, 300);
+    const auto cards = panel->list().cards();
+    ASSERT_EQ(cards.size(), 12U);
+    EXPECT_GT(framesInASecond(loop, *cards.front()), 20);
+    EXPECT_EQ(framesInASecond(loop, *cards.back()), 0);
+    panel->list().reveal(cards.back()->row().id);
+    EXPECT_EQ(framesInASecond(loop, *cards.front()), 0);
+    EXPECT_GT(framesInASecond(loop, *cards.back()), 20);
 }
 
 } // namespace

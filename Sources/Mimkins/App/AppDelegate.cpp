@@ -89,7 +89,7 @@ void AppDelegate::refreshHookScript() {
 
 void AppDelegate::makeWindows() {
     windowSystem_ = XcbWindowSystem::make({loop_, loop_});
-    const PanelSettings settings = panelSettingsOf(settings_);
+    const PanelSettings settings = panelSettingsOf(settings_, loop_.now());
     panel_ = new PanelView({*store_, drawer_, loop_, links_}, settings);
     windows_ = std::make_unique<DrawerWindows>(
         DrawerWindows::Parts{*windowSystem_, drawer_, preferences_, panel_}, settings
@@ -147,7 +147,7 @@ void AppDelegate::followSettings() {
     settings_.drawerWidth.changed().connect([placeSoon](const DrawerWidth&) { placeSoon(); });
     settings_.tabHeight.changed().connect([placeSoon](const double&) { placeSoon(); });
     settings_.changed().connect([this](std::string_view) {
-        const PanelSettings settings = panelSettingsOf(settings_);
+        const PanelSettings settings = panelSettingsOf(settings_, loop_.now());
         panel_->setSettings(settings);
         windows_->setSettings(settings);
         showCounts();

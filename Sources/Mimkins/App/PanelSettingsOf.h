@@ -5,14 +5,15 @@
 
 namespace mimkins {
 
-/// What the drawer shows of the user's settings.
-inline PanelSettings panelSettingsOf(const AppSettings& settings) {
+/// What the drawer shows of the user's settings at a moment.
+inline PanelSettings panelSettingsOf(const AppSettings& settings, Date now) {
     PanelSettings panel;
     panel.themeId = settings.themeId();
     panel.panelWidth = settings.panelWidth();
     panel.petPoints = settings.petPoints();
     panel.tabPosition = settings.tabHeight();
     panel.menuBarCount = settings.menuBarCount();
+    panel.motion = settings.petMotion(now);
     panel.cards.nameTags = settings.nameTags();
     panel.cards.shuffle = settings.petShuffle();
     return panel;

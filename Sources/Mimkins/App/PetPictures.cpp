@@ -1,7 +1,8 @@
 #include "App/PetPictures.h"
 
 #include "Drawing/Qt/Conversions.h"
-#include "Drawing/Qt/PainterCanvas.h"
+#include "Drawing/Qt/QtGlyphOutlines.h"
+#include "Drawing/RasterCanvas.h"
 #include "Drawing/RecordingCanvas.h"
 #include "Pet/PetPainter.h"
 
@@ -52,8 +53,11 @@ QBrush ground(const PetTheme& theme, const QRectF& rect) {
 
 QImage petImage(const PetPicture& picture) {
     QImage image = emptyImage(picture.pixels, picture.pixels);
-    QPainter painter(&image);
-    PainterCanvas canvas(painter, picture.theme->scheme.value_or(ColorScheme::light));
+    const Bitmap bitmap{
+        reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+        static_cast<int>(image.bytesPerLine() / 4)};
+    const ColorScheme scheme = picture.theme->schemeUnder(ColorScheme::light);
+    RasterCanvas canvas(bitmap, 1, scheme, &QtGlyphOutlines::shared());
     drawPet(canvas, picture);
     return image;
 }

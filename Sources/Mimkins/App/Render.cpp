@@ -69,7 +69,7 @@ int renderDrawer(const Options& options, const Paths& paths) {
     SessionStore& store = load.store();
     RunLoop& loop = load.loop();
     DrawerState state;
-    const PanelSettings panelSettings = panelSettingsOf(settings);
+    const PanelSettings panelSettings = panelSettingsOf(settings, at);
     SlideWindow drawer(new PanelView({store, state, loop, links}, panelSettings));
     constexpr double margins = 16; // of the drawer, above and below
     const Rect screen{0, 0, 1280, options.height + margins};

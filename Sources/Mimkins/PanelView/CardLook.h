@@ -1,18 +1,17 @@
 #pragma once
 
 #include "PanelView/Typography.h"
+#include "Pet/PetLook.h"
 #include "Theme/PetTheme.h"
-
-#include <cstdint>
 
 namespace mimkins {
 
 /// How all cards of the list look.
 struct CardLook {
-    const PetTheme* theme = nullptr; ///< of the catalogue
+    const PetTheme* theme = nullptr; ///< with plain colours
     Typography typography;
     double petPoints = 62;
-    std::uint64_t shuffle = 0;
+    PetLook pets;
 };
 
 } // namespace mimkins

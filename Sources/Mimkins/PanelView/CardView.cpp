@@ -1,7 +1,9 @@
 #include "PanelView/CardView.h"
 
 #include "Drawing/Qt/Conversions.h"
-#include "PanelView/PetHead.h"
+#include "Drawing/Qt/QtGlyphOutlines.h"
+#include "Drawing/RasterCanvas.h"
+#include "Pet/PetPainter.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/MoodTint.h"
 
@@ -42,7 +44,7 @@ QPainterPath rounded(const QRectF& rect, double radius) {
 } // namespace
 
 CardView::CardView(CardRow row, CardLook look, Date now)
-    : row_(std::move(row)), look_(std::move(look)), elapsed_(elapsedText(row_.since, now)) {
+    : row_(std::move(row)), look_(std::move(look)), elapsed_(elapsedText(row_.since, now)), moment_(now) {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     describe();
@@ -52,7 +54,7 @@ void CardView::setRow(const CardRow& row, Date now) {
     if (row_ != row) {
         row_ = row;
         describe();
-        update();
+        refresh();
     }
     setNow(now);
 }
@@ -66,14 +68,14 @@ void CardView::describe() {
 
 void CardView::setLook(const CardLook& look) {
     look_ = look;
-    update();
+    refresh();
 }
 
 void CardView::setNow(Date now) {
     const QString words = elapsedText(row_.since, now);
     if (words != elapsed_) {
         elapsed_ = words;
-        update();
+        refresh();
     }
 }
 
@@ -84,11 +86,20 @@ void CardView::setOpacity(double opacity) {
     }
 }
 
-void CardView::setEyesShut(bool shut) {
-    if (eyesShut_ != shut) {
-        eyesShut_ = shut;
-        update();
+void CardView::animate(Date now) {
+    if (moment_ != now) {
+        moment_ = now;
+        update(petSquare().toAlignedRect());
     }
+}
+
+bool CardView::isCalm() const {
+    return !look_.pets.party && mimkins::isCalm(row_.pet.action);
+}
+
+void CardView::refresh() {
+    groundIsOld_ = true;
+    update();
 }
 
 double CardView::leadingPadding() const {
@@ -113,8 +124,9 @@ CardText CardView::text() const {
 }
 
 bool CardView::event(QEvent* event) {
-    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
-        update();
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave ||
+        event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        refresh();
     }
     return QAbstractButton::event(event);
 }
@@ -134,20 +146,43 @@ void CardView::keyPressEvent(QKeyEvent* event) {
 }
 
 void CardView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setOpacity(opacity_);
-    const QRectF card = cardRect();
-    if (isDown()) {
-        painter.translate(card.center());
-        painter.scale(pressedScale, pressedScale);
-        painter.translate(-card.center());
+    const QSize pixels = size() * devicePixelRatioF();
+    if (groundIsOld_ || ground_.size() != pixels) {
+        drawGround();
     }
+    QPainter painter(this);
+    painter.setOpacity(opacity_);
+    if (isDown()) {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        const QPointF middle = cardRect().center();
+        painter.translate(middle);
+        painter.scale(pressedScale, pressedScale);
+        painter.translate(-middle);
+    }
+    painter.drawPixmap(0, 0, ground_);
+    drawPet(painter);
+}
+
+void CardView::drawGround() {
+    ground_ = QPixmap(size() * devicePixelRatioF());
+    ground_.setDevicePixelRatio(devicePixelRatioF());
+    ground_.fill(Qt::transparent);
+    QPainter painter(&ground_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF card = cardRect();
     drawBackground(painter, card);
     drawEdge(painter, card);
     painter.setClipPath(rounded(card, look_.theme->radius));
-    drawPet(painter, card);
+    if (look_.theme->pad) {
+        drawPad(painter, petSquare());
+    }
     drawText(painter, card);
+    groundIsOld_ = false;
+}
+
+QRectF CardView::petSquare() const {
+    const QRectF card = cardRect();
+    return {card.left() + leadingPadding(), card.top() + padding, look_.petPoints, look_.petPoints};
 }
 
 void CardView::drawBackground(QPainter& painter, const QRectF& card) const {
@@ -199,25 +234,39 @@ void CardView::drawEdge(QPainter& painter, const QRectF& card) const {
     }
 }
 
-void CardView::drawPet(QPainter& painter, const QRectF& card) const {
-    const PetTheme& theme = *look_.theme;
-    const double side = look_.petPoints;
-    const QRectF square(card.left() + leadingPadding(), card.top() + padding, side, side);
-    if (theme.pad) {
-        const Color& mood = tint(theme, row_.mood);
-        const QPointF middle(square.center().x(), square.bottom() - side * 0.11 + 4);
-        painter.save();
-        painter.translate(middle);
-        painter.scale(0.94, 0.22);
-        QRadialGradient light(QPointF(0, 0), side * 0.5);
-        light.setColorAt(0, qt::color(mood.faded(0.45)));
-        light.setColorAt(1, qt::color(mood.faded(0)));
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(light);
-        painter.drawEllipse(QPointF(0, 0), side * 0.5, side * 0.5);
-        painter.restore();
+void CardView::drawPad(QPainter& painter, const QRectF& square) const {
+    const Color& mood = tint(*look_.theme, row_.mood);
+    const double side = square.width();
+    painter.save();
+    painter.translate(square.center().x(), square.bottom() - side * 0.11 + 4);
+    painter.scale(0.94, 0.22);
+    QRadialGradient light(QPointF(0, 0), side * 0.5);
+    light.setColorAt(0, qt::color(mood.faded(0.45)));
+    light.setColorAt(1, qt::color(mood.faded(0)));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(light);
+    painter.drawEllipse(QPointF(0, 0), side * 0.5, side * 0.5);
+    painter.restore();
+}
+
+void CardView::drawPet(QPainter& painter) {
+    const double ratio = devicePixelRatioF();
+    const int pixels = static_cast<int>(std::lround(look_.petPoints * ratio));
+    if (petImage_.width() != pixels) {
+        petImage_ = QImage(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     }
-    PetHead{row_.seed, look_.shuffle, row_.mood, eyesShut_}.draw(painter, square, theme);
+    petImage_.setDevicePixelRatio(ratio);
+    petImage_.fill(Qt::transparent);
+    const Bitmap bitmap{
+        reinterpret_cast<std::uint32_t*>(petImage_.bits()), pixels, pixels,
+        static_cast<int>(petImage_.bytesPerLine() / 4)};
+    RasterCanvas canvas(
+        bitmap, ratio, look_.theme->scheme.value_or(ColorScheme::dark), &QtGlyphOutlines::shared()
+    );
+    const PetFrame frame = petFrame(row_.pet, look_.pets, moment_);
+    PetPainter pet(GraphicsContext(canvas), look_.petPoints, look_.petPoints, frame);
+    pet.draw(actionOnStage(row_.pet, look_.pets));
+    painter.drawImage(petSquare().topLeft(), petImage_);
 }
 
 QColor CardView::runColor(CardText::Role role) const {

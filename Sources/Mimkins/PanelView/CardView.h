@@ -6,6 +6,8 @@
 #include "Presentation/CardRow.h"
 
 #include <QAbstractButton>
+#include <QImage>
+#include <QPixmap>
 
 namespace mimkins {
 
@@ -25,9 +27,13 @@ public:
     /// Brings the elapsed time up to date; draws only if its text has changed.
     void setNow(Date now);
     void setOpacity(double opacity);
-    void setEyesShut(bool shut);
+    /// Draws the pet as it is at a moment.
+    void animate(Date now);
 
-    bool areEyesShut() const { return eyesShut_; }
+    Date moment() const { return moment_; }
+
+    /// True if half the frames will do for what the pet is doing.
+    bool isCalm() const;
 
     /// The height of the card, without the room for its shadow, when it is so wide.
     double heightFor(double width) const;
@@ -44,9 +50,13 @@ private:
     QRectF cardRect() const;
     double leadingPadding() const;
     double textWidth(double cardWidth) const;
+    void refresh();
+    QRectF petSquare() const;
+    void drawGround();
+    void drawPad(QPainter& painter, const QRectF& square) const;
     void drawBackground(QPainter& painter, const QRectF& card) const;
     void drawEdge(QPainter& painter, const QRectF& card) const;
-    void drawPet(QPainter& painter, const QRectF& card) const;
+    void drawPet(QPainter& painter);
     void drawText(QPainter& painter, const QRectF& card) const;
     QColor runColor(CardText::Role role) const;
     void describe();
@@ -55,7 +65,10 @@ private:
     CardLook look_;
     QString elapsed_;
     double opacity_ = 1;
-    bool eyesShut_ = false;
+    Date moment_;    ///< that the pet shows
+    QPixmap ground_; ///< all but the pet, kept from one of its frames to the next
+    bool groundIsOld_ = true;
+    QImage petImage_;
 };
 
 } // namespace mimkins

@@ -1,6 +1,7 @@
 #include "PanelView/EdgeTab.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "Drawing/Qt/Scheme.h"
 #include "Drawing/Qt/Shapes.h"
 #include "Presentation/PanelFrames.h"
 #include "Presentation/StatusItem.h"
@@ -31,7 +32,7 @@ QString badgeText(std::int64_t count) {
 
 } // namespace
 
-EdgeTab::EdgeTab() : theme_(&PetTheme::nightSky()), typography_(theme_->font, 1) {
+EdgeTab::EdgeTab() : theme_(PetTheme::nightSky()), typography_(theme_.font, 1) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_Hover);
@@ -43,7 +44,7 @@ EdgeTab::EdgeTab() : theme_(&PetTheme::nightSky()), typography_(theme_->font, 1)
 }
 
 void EdgeTab::setTheme(const PetTheme& theme) {
-    theme_ = &theme;
+    theme_ = theme.resolved(systemScheme());
     typography_ = Typography(theme.font, 1); // the tab's size is fixed, and so is its text's
     update();
 }
@@ -90,7 +91,7 @@ void EdgeTab::drawChevron(QPainter& painter, const QRectF& box) const {
 
 void EdgeTab::drawBadge(QPainter& painter, const QRectF& box) const {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(qt::color(content_.badge.blocked ? theme_->waiting : theme_->yourTurn));
+    painter.setBrush(qt::color(content_.badge.blocked ? theme_.waiting : theme_.yourTurn));
     painter.drawRoundedRect(box, box.height() / 2, box.height() / 2);
     painter.setFont(typography_.font(badgePoints, QFont::Black));
     painter.setPen(qt::color(Color::black(0.8)));
@@ -102,12 +103,12 @@ void EdgeTab::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF area(rect());
     const QPainterPath shape = edgeShape(area, tabRadius);
-    backdrop_.draw(painter, *theme_, {shape, size(), devicePixelRatioF()});
+    backdrop_.draw(painter, theme_, {shape, size(), devicePixelRatioF()});
     if (content_.badge.blocked) {
         painter.setClipPath(shape);
-        painter.strokePath(shape, QPen(qt::color(theme_->waiting.faded(outlineOpacity)), 4));
+        painter.strokePath(shape, QPen(qt::color(theme_.waiting.faded(outlineOpacity)), 4));
     }
-    const QColor ink = qt::color(theme_->text.faded(underMouse() ? 1.0 : calmOpacity));
+    const QColor ink = qt::color(theme_.text.faded(underMouse() ? 1.0 : calmOpacity));
     const bool counted = content_.badge.count > 0;
     const double height = chevronSide + spacing + iconSide + (counted ? spacing + badgeHeight : 0);
     const double middle = area.center().x();

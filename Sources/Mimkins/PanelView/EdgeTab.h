@@ -38,7 +38,7 @@ private:
     void drawChevron(QPainter& painter, const QRectF& box) const;
     void drawBadge(QPainter& painter, const QRectF& box) const;
 
-    const PetTheme* theme_;
+    PetTheme theme_; ///< with plain colours
     Typography typography_;
     Content content_;
     Backdrop backdrop_;

@@ -1,37 +1,41 @@
 #include "PanelView/PanelView.h"
 
+#include "Drawing/Qt/Scheme.h"
 #include "Drawing/Qt/Shapes.h"
 #include "NextUp/OpenSession.h"
+#include "Presentation/SessionPet.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 namespace mimkins {
 
 namespace {
 
-constexpr double blinkSeconds = 0.14;
-/// Each pet blinks once in so many seconds, at a second of its own.
-constexpr std::uint64_t blinkPeriod = 5;
+/// Between two frames of lively pets, seconds.
+constexpr double frameSeconds = 1.0 / 24;
+
+PetTheme shownTheme(const std::string& id) {
+    return PetTheme::named(id).resolved(systemScheme());
+}
 
 } // namespace
 
 PanelView::PanelView(Parts parts, PanelSettings settings)
-    : parts_(parts), settings_(std::move(settings)), header_(new PanelHeader), list_(new SessionList(look())),
-      empty_(new EmptyState) {
+    : parts_(parts), settings_(std::move(settings)), theme_(shownTheme(settings_.themeId)),
+      header_(new PanelHeader), list_(new SessionList(look())), empty_(new EmptyState) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(header_);
     column->addWidget(list_, 1);
     column->addWidget(empty_, 1);
-    header_->setLook(theme(), look().typography);
-    empty_->setLook(theme(), look().typography);
+    header_->setLook(theme_, look().typography);
+    empty_->setLook(theme_, look().typography);
     list_->onOpen = [this](const std::string& id) { open(id); };
     sessionsConnection_ = parts_.store.sessionsChanged().connect([this] { showSessions(); });
     drawerConnection_ = parts_.drawer.changed().connect([this] { followDrawer(); });
@@ -46,12 +50,8 @@ PanelView::~PanelView() {
     drawerConnection_.disconnect();
 }
 
-const PetTheme& PanelView::theme() const {
-    return PetTheme::named(settings_.themeId);
-}
-
 CardLook PanelView::look() const {
-    return {&theme(), Typography(theme().font), settings_.petPoints, settings_.cards.shuffle};
+    return {&theme_, Typography(theme_.font), settings_.petPoints, petLook(theme_, settings_.motion)};
 }
 
 void PanelView::setSettings(const PanelSettings& settings) {
@@ -59,8 +59,9 @@ void PanelView::setSettings(const PanelSettings& settings) {
         return;
     }
     settings_ = settings;
-    header_->setLook(theme(), look().typography);
-    empty_->setLook(theme(), look().typography);
+    theme_ = shownTheme(settings_.themeId);
+    header_->setLook(theme_, look().typography);
+    empty_->setLook(theme_, look().typography);
     list_->setLook(look());
     showSessions();
     update();
@@ -96,23 +97,14 @@ void PanelView::keepTime() {
     const bool needed = !parts_.drawer.animationsPaused() && !parts_.store.sessions().empty();
     if (!needed) {
         beat_.reset();
-        blinkEnd_.reset();
+        frames_.reset();
         return;
     }
     if (!beat_) {
         list_->setNow(parts_.loop.now());
-        beat_ = parts_.loop.every(1.0, [this] {
-            list_->setNow(parts_.loop.now());
-            blink(parts_.loop.now());
-        });
+        beat_ = parts_.loop.every(1.0, [this] { list_->setNow(parts_.loop.now()); });
+        frames_ = parts_.loop.every(frameSeconds, [this] { list_->animate(parts_.loop.now(), frame_++); });
     }
-}
-
-void PanelView::blink(Date now) {
-    const auto second = static_cast<std::uint64_t>(std::max(now.secondsSince1970, 0.0));
-    list_->setEyesShut([second](const CardRow& row) { return (row.seed / 360 + second) % blinkPeriod == 0; });
-    blinkEnd_ =
-        parts_.loop.after(blinkSeconds, [this] { list_->setEyesShut([](const CardRow&) { return false; }); });
 }
 
 void PanelView::open(const std::string& id) {
@@ -145,7 +137,7 @@ void PanelView::keyPressEvent(QKeyEvent* event) {
 
 void PanelView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    backdrop_.draw(painter, theme(), {edgeShape(QRectF(rect()), drawerRadius), size(), devicePixelRatioF()});
+    backdrop_.draw(painter, theme_, {edgeShape(QRectF(rect()), drawerRadius), size(), devicePixelRatioF()});
 }
 
 } // namespace mimkins

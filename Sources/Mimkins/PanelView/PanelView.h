@@ -8,6 +8,7 @@
 #include "Presentation/DrawerState.h"
 #include "Presentation/PanelSettings.h"
 #include "SessionStore/SessionStore.h"
+#include "Theme/PetTheme.h"
 
 #include <QWidget>
 
@@ -48,15 +49,14 @@ protected:
 
 private:
     CardLook look() const;
-    const PetTheme& theme() const;
     void showSessions();
     void followDrawer();
     void keepTime();
-    void blink(Date now);
     void open(const std::string& id);
 
     Parts parts_;
     PanelSettings settings_;
+    PetTheme theme_; ///< with plain colours
     PanelHeader* header_;
     SessionList* list_;
     EmptyState* empty_;
@@ -65,7 +65,8 @@ private:
     sigc::connection sessionsConnection_;
     sigc::connection drawerConnection_;
     Handle beat_;
-    Handle blinkEnd_;
+    Handle frames_;
+    unsigned frame_ = 0;
 };
 
 } // namespace mimkins

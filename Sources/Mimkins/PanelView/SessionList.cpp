@@ -101,9 +101,13 @@ void SessionList::setPaused(bool paused) {
     }
 }
 
-void SessionList::setEyesShut(const std::function<bool(const CardRow&)>& shut) {
+void SessionList::animate(Date now, unsigned frame) {
+    const QRect seen(0, verticalScrollBar()->value(), viewport()->width(), viewport()->height());
     for (const auto& [id, card] : cards_) {
-        card->setEyesShut(shut(card->row()));
+        const bool due = frame % 2 == 0 || !card->isCalm();
+        if (due && card->geometry().intersects(seen)) {
+            card->animate(now);
+        }
     }
 }
 

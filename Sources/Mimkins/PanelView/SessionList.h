@@ -29,7 +29,9 @@ public:
     void setNow(Date now);
     /// While paused nothing moves: changes show at once.
     void setPaused(bool paused);
-    void setEyesShut(const std::function<bool(const CardRow&)>& shut);
+    /// Shows the pets that can be seen as they are at a moment. Frames are counted: calm pets follow every
+    /// second one.
+    void animate(Date now, unsigned frame);
     /// Scrolls until the card is seen.
     void reveal(const std::string& id);
 

@@ -79,6 +79,20 @@ std::optional<PetAction> petActionNamed(std::string_view name) {
     return static_cast<PetAction>(found - names.begin());
 }
 
+bool isCalm(PetAction action) {
+    switch (action) {
+    case yourTurn:
+    case resting:
+    case sleeping:
+    case idle:
+    case waitingOut:
+    case supervising:
+        return true;
+    default:
+        return false;
+    }
+}
+
 PetAction petActionForTool(std::optional<std::string_view> tool, std::optional<std::string_view> detail) {
     if (!tool) {
         return thinking;

@@ -42,6 +42,9 @@ std::string_view name(PetAction action);
 /// Nothing for a name that no action has.
 std::optional<PetAction> petActionNamed(std::string_view name);
 
+/// True for the actions that are shown at half the frame rate.
+bool isCalm(PetAction action);
+
 /// What the use of a tool looks like. The detail is what the tool was asked to do, and counts for "Bash"
 /// alone.
 PetAction petActionForTool(std::optional<std::string_view> tool, std::optional<std::string_view> detail);

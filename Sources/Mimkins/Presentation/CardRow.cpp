@@ -1,7 +1,7 @@
 #include "Presentation/CardRow.h"
 
-#include "Base/StableSeed.h"
 #include "Base/Text.h"
+#include "Presentation/SessionPet.h"
 
 #include <vector>
 
@@ -39,7 +39,7 @@ CardRow cardRow(const Session& session, const CardOptions& options) {
     row.id = session.id;
     row.mood = session.mood;
     row.since = session.since;
-    row.seed = stableSeed(session.id);
+    row.pet = sessionPet(session);
     row.projectToolTip = onOneLine(session.project);
     row.project = text::uppercase(row.projectToolTip);
     row.title = onOneLine(session.title.value_or(session.project));

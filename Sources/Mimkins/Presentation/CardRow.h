@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Pet/PetFrame.h"
 #include "Session/Session.h"
 
 #include <cstdint>
@@ -21,7 +22,7 @@ struct CardRow {
     std::string id;
     Mood mood = Mood::idle;
     Date since;
-    std::uint64_t seed = 0;
+    Pet pet;
     std::string project;             ///< in upper case
     std::string projectToolTip;      ///< as it is
     std::string title;               ///< the project where the session has no title

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Presentation/CardRow.h"
+#include "Settings/AppSettings.h"
 
 #include <string>
 
@@ -13,6 +14,7 @@ struct PanelSettings {
     double petPoints = 62;     ///< side of a pet's square
     double tabPosition = 0.62; ///< of the tab's middle, a fraction of the visible height
     bool menuBarCount = true;
+    PetMotion motion; ///< of the pets
     CardOptions cards;
 
     friend bool operator==(const PanelSettings&, const PanelSettings&) = default;
