@@ -56,8 +56,8 @@ void waitingWithHourglass(PetPainter& pet) {
         pet.eyes(Eyes::look(2.8, 2.5));
     }
     pet.mouth(reached > 0.5 ? Mouth::small : Mouth::wavy);
-    const Point glass{85, 74 - 6 * std::sin(pi * flip)};
-    pet.drawHourglass(glass, 1.65, pi * flip, phase / flipFrom);
+    const Point glass{81.5, 75 - 6 * std::sin(pi * flip)};
+    pet.drawHourglass(glass, 1.55, pi * flip, phase / flipFrom);
     const Point rest{76 - pet.thin, 81};
     const Point grip{glass.x - 9 * std::cos(pi * flip), glass.y - 9 * std::sin(pi * flip)};
     const Point hand = between(rest, grip, reached);

@@ -119,13 +119,13 @@ void drawFly(const PetPainter& pet, const Fly& fly, double flutter) {
     const Point at{
         50 + fly.width * std::sin(fly.rateX * pet.t + fly.shiftX),
         58 + 8 * std::sin(fly.rateY * pet.t + fly.shiftY)};
-    const double open = 1 + 3.2 * std::fabs(std::sin(40 * pet.t + flutter));
+    const double open = 1.5 + 4 * std::fabs(std::sin(40 * pet.t + flutter));
     for (const double side : {-1.0, 1.0}) {
-        const PetPainter wing = pet.turned(at, 0.5 * side);
-        wing.ellipse(at.x - 1.4 + 1.5 * side, at.y - 1 - open, 2.8, open, Color::grey(0.8, 0.85));
+        const PetPainter wing = pet.turned(at, 0.55 * side);
+        wing.ellipse(at.x - 1.8 + 1.6 * side, at.y - 1 - open, 3.6, open, Color::grey(0.82, 0.85));
     }
-    pet.ellipse(at.x - 2.4, at.y - 1.7, 4.8, 3.4, Color::grey(0.2));
-    pet.ellipse(at.x + 1.1, at.y - 1.2, 1.3, 1.3, Color{0.9, 0.3, 0.3});
+    pet.ellipse(at.x - 3.2, at.y - 2.2, 6.4, 4.4, Color::grey(0.2));
+    pet.disc({at.x + 2.2, at.y - 0.6}, 1, Color{0.9, 0.3, 0.3});
 }
 
 void mound(const PetPainter& pet) {
@@ -166,7 +166,7 @@ void dustPile(PetPainter& pet) {
         drawFly(pet, fly, flutter);
         flutter += 1;
     }
-    pet.word("bzz", {30, 44}, 6, Color::grey(0.55));
+    pet.faded(0.7 + 0.3 * std::sin(6 * pet.t)).word("bzz", {30, 44}, 6, Color::grey(0.55));
 }
 
 } // namespace mimkins::scene

@@ -77,7 +77,7 @@ void impatient(PetPainter& pet) {
     pet.torso();
     const double angle = 2 * pi * ramp(phase, 0.9, 2.1);
     pet.eyes(
-        Eyes::look(-2.5 * std::cos(angle) * (1 - rolling) + 3 * std::sin(angle) * rolling, -2.5 * rolling)
+        Eyes::look(-2.5 * std::cos(angle) * (1 - rolling) + 3.5 * std::sin(angle) * rolling, -3.5 * rolling)
     );
     brows(pet, -0.5 + 2 * rolling, 2.4 - 2.4 * rolling);
     pet.mouth(phase > 2.3 && phase < 3 ? Mouth::whistle : Mouth::flat);

@@ -69,6 +69,17 @@ void sleepyEyes(const PetPainter& pet, double dx) {
     }
 }
 
+void grin(const PetPainter& pet) {
+    const double y = pet.mouthLine() - 3;
+    Path laugh;
+    laugh.move({42.5, y});
+    laugh.addLine({57.5, y});
+    laugh.addCurve({42.5, y}, {57, y + 13.5}, {43, y + 13.5});
+    laugh.closeSubpath();
+    pet.fill(laugh, pet.colors.ink);
+    pet.ellipse(46.5, y + 5.4, 7, 3.8, Color{0.93, 0.42, 0.47});
+}
+
 void finger(const PetPainter& pet, Point hand, double angle) {
     const Point tip{hand.x + 7 * std::sin(angle), hand.y - 7 * std::cos(angle)};
     pet.line({hand, tip}, pet.colors.hand, 3);

@@ -40,6 +40,9 @@ void brows(const PetPainter& pet, double lift, double slant);
 /// Eyes under heavy lids that look to a side.
 void sleepyEyes(const PetPainter& pet, double dx);
 
+/// A wide open, laughing mouth.
+void grin(const PetPainter& pet);
+
 /// A finger of a hand, `angle` clockwise from straight up in radians.
 void finger(const PetPainter& pet, Point hand, double angle);
 

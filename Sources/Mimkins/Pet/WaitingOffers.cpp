@@ -46,7 +46,11 @@ void bearer(PetPainter& pet, double phase) {
     const double glance = window(phase, 2.2, 3.8, 0.3);
     pet.eyes(Eyes::look(3 * glance, -2.5 * glance));
     pet.mouth(Mouth::smile);
-    pet.armsOnHipsLeftOnly();
+    const double waving = window(phase, 3.9, 5.7, 0.35);
+    const Point root = pet.shoulder(Side::left);
+    const Point waved{root.x - 12 + 5 * std::sin(9 * pet.t), pet.bob + 30};
+    const Point control = between({root.x - 12, pet.bob + 63}, {root.x - 10, pet.bob + 46}, waving);
+    pet.arm(Side::left, control, between({root.x + 2, pet.bob + 68}, waved, waving));
 }
 
 } // namespace
@@ -117,7 +121,11 @@ void presentParcel(PetPainter& pet) {
     pet.shiftX = 1.2 * std::sin(3 * pet.t);
     pet.torso();
     pet.eyes(offer > 0.5 ? Eyes::happy() : Eyes::look(0, between(2, -2, raised)));
-    pet.mouth(offer > 0.5 && raised > 0.5 ? Mouth::open : Mouth::smile);
+    if (offer > 0.5 && raised > 0.5) {
+        grin(pet);
+    } else {
+        pet.mouth(Mouth::smile);
+    }
     const double head = pet.bob + 26 + pet.squash;
     const Point center{50, between(79.5 + pet.bob, head - parcelHeight / 2 + 1, raised)};
     const double size = 1 + 0.1 * offer * (1 - raised);

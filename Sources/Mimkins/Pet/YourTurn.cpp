@@ -33,7 +33,7 @@ void celebrate(PetPainter& pet) {
     hopLegs(pet, now);
     pet.torso();
     pet.eyes(Eyes::happy());
-    pet.mouth(Mouth::open);
+    grin(pet);
     const double swing = 3 * std::sin(5 * pet.t);
     for (const Side side : {Side::left, Side::right}) {
         const Point root = pet.shoulder(side);
@@ -140,12 +140,13 @@ void yawningMouth(const PetPainter& pet, double open) {
 void yawnSitting(PetPainter& pet) {
     const double phase = cycle(pet.t, 6);
     const double yawn = window(phase, 1, 4.2, 0.9);
-    sit(pet, 0.5 * std::sin(1.5 * pet.t) + 3.5 * yawn);
+    const double nodding = window(cycle(pet.t + 1.4, 6), 0, 2.4, 0.9);
+    sit(pet, 0.5 * std::sin(1.5 * pet.t) + 3.5 * yawn - 4 * nodding);
     pet.shadow();
     pet.legs(Legs::tucked);
     pet.shiftX = std::sin(0.125 * pet.t);
     pet.torso();
-    yawn > 0.35 ? pet.eyes(Eyes::closed()) : sleepyEyes(pet, 0);
+    yawn > 0.35 || nodding > 0.9 ? pet.eyes(Eyes::closed()) : sleepyEyes(pet, 0);
     yawningMouth(pet, yawn);
     const double tremble = 0.7 * std::sin(18 * pet.t) * window(phase, 2, 3.4, 0.4);
     const Point stretched{11 + tremble, 27};
