@@ -47,6 +47,7 @@ void waitingWithHourglass(PetPainter& pet) {
     const double flip = ramp(phase, flipFrom, 4.9);
     const double reached = window(phase, flipFrom - 0.5, length, 0.25);
     sit(pet, std::sin(1.5 * pet.t));
+    pet.shiftX = -6;
     pet.shadow();
     pet.legs(Legs::tucked);
     pet.torso();
@@ -56,7 +57,7 @@ void waitingWithHourglass(PetPainter& pet) {
         pet.eyes(Eyes::look(2.8, 2.5));
     }
     pet.mouth(reached > 0.5 ? Mouth::small : Mouth::wavy);
-    const Point glass{81.5, 75 - 6 * std::sin(pi * flip)};
+    const Point glass{88, 75 - 6 * std::sin(pi * flip)};
     pet.drawHourglass(glass, 1.55, pi * flip, phase / flipFrom);
     const Point rest{76 - pet.thin, 81};
     const Point grip{glass.x - 9 * std::cos(pi * flip), glass.y - 9 * std::sin(pi * flip)};

@@ -135,7 +135,7 @@ void wearyFace(const PetPainter& pet, double phase) {
 void handUp(PetPainter& pet) {
     enum Pose { asking, eager, weary };
 
-    const Choice pose = pet.choose(3, poseLength, 31);
+    const SlotChoice pose = pet.choose(3, poseLength, 31);
     const double settled = window(pose.phase, 0, poseLength, 0.5);
     const double sunk = pose.index == weary ? weariness(pose.phase) : 0;
     const double tiptoe = pose.index == eager ? settled : 0;

@@ -102,7 +102,7 @@ void parcel(const PetPainter& pet, Point center, double flutter) {
 double parcelRaised(const PetPainter& pet) {
     constexpr double every = 7.5;
     constexpr std::uint64_t salt = 32;
-    const Choice now = pet.choose(2, every, salt);
+    const SlotChoice now = pet.choose(2, every, salt);
     PetFrame before = pet;
     before.t = pet.t - now.phase - every / 2;
     return between(before.choose(2, every, salt).index, now.index, ramp(now.phase, 0, 0.9));
