@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace mimkins::test {
 
@@ -25,17 +28,19 @@ constexpr std::array calls{
 /// How far a point may go from one frame to the next, in units.
 double bound(Routine routine) {
     switch (routine) {
-    case Routine::wallClock:
-        return 1; // the second hand ticks
-    case Routine::planSign:
-        return 6; // it sets off and stops with a step
+    case Routine::jumpWave:
+        return 6.5; // throws its arms up
     case Routine::dustPile:
-        return 5.5; // the wings of the flies
-    case Routine::handUp:
-        return 6; // another pose moves the hand on its brow line
+        return 6; // the wings of the flies
     default:
         return 4;
     }
+}
+
+/// True at the frame in which a glass that was turned over begins again as the upright one, which looks
+/// alike.
+bool beginsAgain(Routine routine, int frame) {
+    return routine == Routine::waitingWithHourglass && frame % (5 * 48) == 0;
 }
 
 Moment momentOf(Routine routine, int frame) {
@@ -66,30 +71,56 @@ std::string inJson(const std::vector<DrawCommand>& commands) {
 
 class WaitingMotion : public testing::TestWithParam<Routine> {};
 
-TEST_P(WaitingMotion, staysInTheSquare) {
-    for (int frame = 0; frame < frames; ++frame) {
-        for (const DrawCommand& command : record(momentOf(GetParam(), frame))) {
-            for (const Point& point : positions(command)) {
-                ASSERT_TRUE(inSquare(point, reach(command)))
-                    << frame * frameLength << ": " << point.x << ' ' << point.y << '\n'
-                    << toJson(command);
-            }
+/// True for the eyes when they close or open again: the tall box gives way to the flat one.
+bool isBlink(const DrawCommand& before, const DrawCommand& now) {
+    const auto height = [](const DrawCommand& command) {
+        const auto points = positions(command);
+        return points.size() == 4 ? points[1].y - points[0].y : 0;
+    };
+    const double larger = std::max(height(before), height(now));
+    const double smaller = std::min(height(before), height(now));
+    return std::fabs(larger - 11) < 0.01 && std::fabs(smaller - 2.2) < 0.01;
+}
+
+bool isUnseen(const DrawCommand& command) {
+    return std::visit([](const auto& one) { return one.state.opacity < 0.02; }, command);
+}
+
+bool areComparable(const std::vector<DrawCommand>& before, const std::vector<DrawCommand>& now) {
+    return std::equal(before.begin(), before.end(), now.begin(), now.end(), haveSameShape);
+}
+
+void expectInSquare(const std::vector<DrawCommand>& commands, double t) {
+    for (const DrawCommand& command : commands) {
+        for (const Point& point : positions(command)) {
+            ASSERT_TRUE(inSquare(point, reach(command))) << t << ": " << point.x << ' ' << point.y << '\n'
+                                                         << toJson(command);
         }
     }
 }
 
-TEST_P(WaitingMotion, movesWithoutJumps) {
-    auto before = record(momentOf(GetParam(), 0));
-    for (int frame = 1; frame < frames; ++frame) {
-        auto now = record(momentOf(GetParam(), frame));
-        bool comparable = now.size() == before.size();
-        for (std::size_t i = 0; comparable && i < now.size(); ++i) {
-            comparable = haveSameShape(before[i], now[i]);
+void expectNoJump(
+    const std::vector<DrawCommand>& before, const std::vector<DrawCommand>& now, double limit, double t
+) {
+    if (!areComparable(before, now)) {
+        return;
+    }
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        const double gone = distance(before[i], now[i]);
+        if (gone > limit && !isBlink(before[i], now[i]) && !isUnseen(before[i]) && !isUnseen(now[i])) {
+            FAIL() << t << ": " << gone << " units\n" << toJson(before[i]) << '\n' << toJson(now[i]);
         }
-        for (std::size_t i = 0; comparable && i < now.size(); ++i) {
-            ASSERT_LE(distance(before[i], now[i]), bound(GetParam()))
-                << frame * frameLength << ": " << toJson(before[i]) << '\n'
-                << toJson(now[i]);
+    }
+}
+
+TEST_P(WaitingMotion, staysInTheSquareAndMovesWithoutJumps) {
+    std::vector<DrawCommand> before;
+    for (int frame = 0; frame < frames; ++frame) {
+        const double t = frame * frameLength;
+        auto now = record(momentOf(GetParam(), frame));
+        ASSERT_NO_FATAL_FAILURE(expectInSquare(now, t));
+        if (!beginsAgain(GetParam(), frame)) {
+            ASSERT_NO_FATAL_FAILURE(expectNoJump(before, now, bound(GetParam()), t));
         }
         before = std::move(now);
     }
@@ -120,16 +151,20 @@ bool touchesBubble(const DrawCommand& command) {
     return false;
 }
 
+/// Lines, and boxes of the size of hands; the body itself may reach behind the bubble.
+bool isLimb(const DrawCommand& command) {
+    const auto points = positions(command);
+    const bool isBox = points.size() == 4 && std::holds_alternative<FillCommand>(command);
+    return std::holds_alternative<StrokeCommand>(command) ||
+           (isBox && points.back().x - points.front().x < 20);
+}
+
 class BesideTheBubble : public testing::TestWithParam<Routine> {};
 
 TEST_P(BesideTheBubble, keepsItsHandsOut) {
-    for (int frame = 0; frame < frames; ++frame) {
+    for (int frame = 0; frame < 40 * 48; ++frame) {
         for (const DrawCommand& command : record(momentOf(GetParam(), frame))) {
-            const bool limb = std::holds_alternative<StrokeCommand>(command) ||
-                              positions(command).size() == 4; // hands are discs, told by their boxes
-            const auto points = positions(command);
-            const bool body = points.size() == 4 && points.back().x - points.front().x > 20;
-            ASSERT_FALSE(limb && !body && touchesBubble(command))
+            ASSERT_FALSE(isLimb(command) && touchesBubble(command))
                 << frame * frameLength << ": " << toJson(command);
         }
     }

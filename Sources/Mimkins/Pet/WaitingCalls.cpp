@@ -96,8 +96,8 @@ void jumpWave(PetPainter& pet) {
     pet.torso();
     pet.eyes(Eyes::wide());
     pet.mouth(now.height > 0.05 ? Mouth::open : Mouth::flat);
-    const double raised = window(phase, 0.18, 1, 0.26);
-    const double wave = 3 * std::sin(18 * pet.t) * now.height;
+    const double raised = window(phase, 0.04, 1, 0.4);
+    const double wave = 2.5 * std::sin(12 * pet.t) * now.height;
     const double leftY = pet.bob + between(72, 24, raised);
     const double rightY = std::max(pet.bob + between(72, 30, raised), bubbleFloor);
     pet.arm(Side::left, {8, pet.bob + 52}, {between(17, 9, raised) + wave, leftY});
@@ -110,7 +110,7 @@ constexpr double poseLength = 6;
 
 /// How far the raised hand has sunk in a moment of weariness, 0 to 1; it starts up again.
 double weariness(double phase) {
-    return ramp(phase, 0.8, 4.3) - ramp(phase, 4.4, 4.75);
+    return ramp(phase, 0.8, 4.3) - ramp(phase, 4.4, 4.9);
 }
 
 void eagerFace(const PetPainter& pet) {
