@@ -1,8 +1,8 @@
 #include "Pet/WaitingKit.h"
 #include "Pet/WaitingScenes.h"
 
-#include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace mimkins::scene {
 

@@ -1,7 +1,6 @@
 #include "Pet/WaitingKit.h"
 #include "Pet/WaitingScenes.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 
