@@ -20,8 +20,11 @@ void bone(const PetPainter& pet, Point from, Point to, const Color& color) {
     const Point across{-(to.y - from.y) / length * 1.7, (to.x - from.x) / length * 1.7};
     pet.line({from, to}, edge, 4.4);
     pet.line({from, to}, color, 3.2);
-    pet.disc({to.x + across.x, to.y + across.y}, 2.1, color);
-    pet.disc({to.x - across.x, to.y - across.y}, 2.1, color);
+    Path knobs;
+    for (const double side : {-1.0, 1.0}) {
+        knobs.addEllipse({to.x + side * across.x - 2.1, to.y + side * across.y - 2.1, 4.2, 4.2});
+    }
+    pet.fill(knobs, color);
 }
 
 void boneHand(const PetPainter& pet, Point wrist, double angle) {
@@ -62,9 +65,12 @@ void jaw(const PetPainter& pet, double drop) {
     pet.rounded(34, top, 32, 16 - drop, 7, edge);
     pet.rounded(35, top + 1, 30, 14 - drop, 6, dull);
     pet.rounded(38, top + 1.5, 24, 8 - drop, 2.5, pale);
+    Path teeth;
     for (const double x : {44.0, 48.0, 52.0, 56.0}) {
-        pet.line({{x, top + 2}, {x, top + 8.5 - drop}}, hollow, 0.8);
+        teeth.move({x, top + 2});
+        teeth.addLine({x, top + 8.5 - drop});
     }
+    pet.stroke(teeth, hollow, 0.8);
 }
 
 /// The right arm is still up; every few seconds it finds the strength for a small wave.
