@@ -33,23 +33,23 @@ constexpr std::array<Poster, routineCount> posters{{
     {2.0, false}, // scratchHead
     {2.0, false}, // facepalm
     {2.0, false}, // conductor
-    {2.0, false}, // bothArmsWave
-    {2.0, false}, // impatient
-    {2.0, false}, // jumpWave
-    {2.0, false}, // handUp
-    {2.0, false}, // planSign
-    {2.0, false}, // presentParcel
+    {1.1, false}, // bothArmsWave
+    {0.3, false}, // impatient
+    {0.6, false}, // jumpWave
+    {1.5, false}, // handUp
+    {4.6, false}, // planSign
+    {1.0, false}, // presentParcel
     {2.0, false}, // bubble
     {2.0, false}, // wallClock
-    {2.0, false}, // waitingWithHourglass
-    {2.0, false}, // pointAtClock
+    {3.0, false}, // waitingWithHourglass
+    {2.5, false}, // pointAtClock
     {2.0, false}, // cobweb
-    {2.0, false}, // skeleton
-    {2.0, false}, // dustPile
-    {2.0, false}, // celebrate
-    {2.0, false}, // holdingEnvelope
-    {2.0, false}, // readingLetter
-    {2.0, false}, // yawnSitting
+    {2.3, false}, // skeleton
+    {0.5, false}, // dustPile
+    {0.5, false}, // celebrate
+    {2.5, false}, // holdingEnvelope
+    {5.3, false}, // readingLetter
+    {2.6, false}, // yawnSitting
     {2.0, false}, // supervisor
     {2.0, false}, // fishing
     {2.0, false}, // hourglass
