@@ -30,19 +30,19 @@ void sun(const PetPainter& pet, double evening) {
 void gull(const PetPainter& pet) {
     const double f = fraction(0.06 * pet.t);
     const double x = -6 + 112 * f;
-    const double y = 9 + 4 * std::sin(0.9 * pet.t);
+    const double y = 35 + 3 * std::sin(0.9 * pet.t);
     const double flap = 2.6 * std::sin(6 * pet.t);
     Path wings;
     wings.move({x - 6, y - flap});
     wings.addQuadCurve({x, y + 1}, {x - 3, y - 4 - 0.5 * flap});
     wings.addQuadCurve({x + 6, y - flap}, {x + 3, y - 4 - 0.5 * flap});
-    pet.stroke(wings, Color::grey(0.58), 1.6);
+    pet.stroke(wings, Color::grey(0.62), 1.8);
 }
 
 void sea(const PetPainter& pet, double evening) {
     const Color far = mix({0.16, 0.5, 0.82}, {0.62, 0.36, 0.55}, between(evening, 0.5, 1));
     const Color near = mix({0.38, 0.84, 0.86}, {0.95, 0.62, 0.5}, between(evening, 0.5, 1));
-    pet.rounded(1, horizon, 98, 34, 6, LinearGradient{{far, near}, {50, horizon}, {50, 74}});
+    pet.rounded(1, horizon, 98, 34, 9, LinearGradient{{far, near}, {50, horizon}, {50, 74}});
     Path crests;
     for (int row = 0; row < 3; ++row) {
         const double y = horizon + 5 + 5.5 * row;

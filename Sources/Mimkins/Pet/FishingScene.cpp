@@ -106,7 +106,7 @@ void fishing(PetPainter& pet) {
     rod(pet, tip, {floating.x, floating.y - 7});
     bobber(pet, floating);
     body.arm(Side::right, {84, 72}, {87, 65 + tug});
-    body.arm(Side::left, {26, 76}, {80, 71 + tug});
+    body.arm(Side::left, {16, 66}, {32, 74});
 }
 
 } // namespace mimkins::scene

@@ -45,11 +45,14 @@ void frontOfTub(const PetPainter& pet) {
 
 void steam(const PetPainter& pet) {
     for (const double i : {0.0, 1.0, 2.0}) {
-        const double f = fraction(0.22 * pet.t + i / 3);
-        const double x = 13 + 37 * i + 3 * std::sin(0.7 * pet.t + 2 * i);
-        const double y = (i == 1 ? 22 : 50) - 18 * f;
-        pet.faded(0.9 * std::sin(std::numbers::pi * f))
-            .curve({x, y}, {x + 5 * std::sin(1.2 * pet.t + i), y - 6}, {x + 1, y - 12}, mist, 3);
+        const double f = fraction(0.22 * pet.t + 0.4 * i);
+        const double x = 16 + 32 * i + 3 * std::sin(0.7 * pet.t + 2 * i);
+        const double y = (i == 1 ? 26 : 40) - 14 * f;
+        const double curl = 5 * std::cos(1.2 * pet.t + i);
+        Path wisp;
+        wisp.move({x, y});
+        wisp.addCurve({x, y - 18}, {x + curl, y - 6}, {x - curl, y - 12});
+        pet.faded(0.85 * std::sin(std::numbers::pi * f)).stroke(wisp, mist, 3.4);
     }
 }
 
@@ -65,7 +68,7 @@ void bubbles(const PetPainter& pet) {
 
 void duck(const PetPainter& pet) {
     const Color yellow{1, 0.83, 0.2};
-    const double x = 33 + 4 * std::sin(0.7 * pet.t);
+    const double x = 25 + 3 * std::sin(0.7 * pet.t);
     const double y = 64 + 0.7 * std::sin(1.2 * pet.t + 1);
     const PetPainter rocking = pet.turned({x, y}, 0.09 * std::sin(1.2 * pet.t));
     rocking.polygon({{x - 9, y - 4.5}, {x, y - 1}, {x - 3, y + 4}}, yellow);
@@ -95,15 +98,13 @@ void towelOnHead(const PetPainter& pet) {
 } // namespace
 
 void hotTub(PetPainter& pet) {
-    pet.bob = -3 + std::sin(1.2 * pet.t);
+    pet.bob = -5 + std::sin(1.2 * pet.t);
     pet.squash = 0.8 * std::sin(0.7 * pet.t);
     steam(pet);
     backOfTub(pet);
     pet.torso();
     pet.eyes(Eyes::happy());
     pet.mouth(Mouth::smile);
-    pet.ellipse(29, pet.mouthLine() - 6, 8, 4.5, Color{1, 0.45, 0.5, 0.45});
-    pet.ellipse(63, pet.mouthLine() - 6, 8, 4.5, Color{1, 0.45, 0.5, 0.45});
     towelOnHead(pet);
     water(pet);
     bubbles(pet);

@@ -20,23 +20,20 @@ void hourglass(PetPainter& pet) {
     const double run = std::clamp((c - 0.2) / (flipFrom - 0.4), 0.0, 1.0);
     const double reach = during(c, flipFrom - 0.5, cycle, 0.4);
     const double hop = 5 * std::sin(std::numbers::pi * flip);
-    const double lean = 1.5 * std::sin(std::numbers::pi * flip);
-    pet.shiftX = -21;
-    pet.bob = 11;
-    pet.squash = 1.5 + 0.8 * std::sin(1.2 * pet.t) - lean;
-    pet.moved(0, 2).shadow();
-    pet.moved(48, 2).shadow();
-    pet.legs(Legs::tucked);
-    pet.torso();
-    pet.eyes(Eyes::look(3, mix(-1.5, 3.5, run) * (1 - reach)));
-    pet.mouth(reach > 0.5 ? Mouth::small : Mouth::flat);
-    pet.arm(Side::left, {mix(10, 14, reach), 82}, mix(Point{38, 77}, Point{24, 84}, reach));
-    PetPainter glass = pet;
-    glass.shiftX = 0;
-    glass.drawHourglass({78, 70.5 - hop}, 2.05, std::numbers::pi * flip, run);
-    const Point touching = mix(Point{88, 60}, Point{100, 80}, flip);
-    const Point hand = mix(Point{76, 84}, {touching.x - 1, touching.y - hop}, reach);
-    pet.arm(Side::right, {86, mix(78, 70, reach)}, hand);
+    pet.moved(-18, 3).shadow();
+    pet.moved(28, 3).scaled({50, 94}, 0.8, 1).shadow();
+    PetPainter body = pet.moved(-19, 0).scaled({50, 95}, 0.84, 0.84);
+    body.bob = 11;
+    body.squash = 1.5 + 0.8 * std::sin(1.2 * pet.t) - 1.5 * std::sin(std::numbers::pi * flip);
+    body.legs(Legs::tucked);
+    body.torso();
+    body.eyes(Eyes::look(3, mix(-2, 4, run) * (1 - reach)));
+    body.mouth(reach > 0.5 ? Mouth::small : Mouth::flat);
+    body.arm(Side::left, mix(Point{20, 88}, Point{12, 78}, reach), mix(Point{41, 79}, Point{21, 84}, reach));
+    pet.drawHourglass({77, 70.5 - hop}, 2.2, std::numbers::pi * flip, run);
+    const Point touching = mix(Point{66, 56}, Point{80, 46}, flip);
+    const Point pushing{(touching.x - 50 + 19) / 0.84 + 50, (touching.y - hop - 95) / 0.84 + 95};
+    body.arm(Side::right, {88, mix(78, 66, reach)}, mix(Point{78, 84}, pushing, reach));
 }
 
 } // namespace mimkins::scene

@@ -74,13 +74,15 @@ void canopyAndCords(const PetPainter& pet, const Descent& way) {
     if (way.landed >= 1) {
         return;
     }
-    const double up = -17 * way.near;
+    const double up = -10 * way.near;
     const PetPainter silk =
         pet.faded(1 - way.landed).moved(0, 70 * way.landed).turned({50, 26}, 0.5 * way.landed);
     if (way.landed <= 0) {
         cords(silk, way, 26 + up);
     }
-    canopy(silk.moved(0, up).scaled({50, 26}, 1 - 0.2 * way.landed, 1 - 0.7 * way.landed));
+    canopy(silk.moved(0, up).scaled(
+        {50, 26}, 1 - 0.2 * way.landed, (1 - 0.4 * way.near) * (1 - 0.6 * way.landed)
+    ));
 }
 
 void dangle(const PetPainter& body, const Descent& way) {
@@ -95,7 +97,8 @@ void dangle(const PetPainter& body, const Descent& way) {
 void holdOn(const PetPainter& body, Side side, double landed) {
     const double towards = inward(side);
     const Point root = body.shoulder(side);
-    const Point control = mix(Point{root.x - 12 * towards, 50}, {root.x - 6 * towards, body.bob + 64}, landed);
+    const Point control =
+        mix(Point{root.x - 12 * towards, 50}, {root.x - 6 * towards, body.bob + 64}, landed);
     const Point hand = mix(Point{50 - 38 * towards, 33}, {root.x - 3 * towards, body.bob + 73}, landed);
     body.arm(side, control, hand);
 }
@@ -108,7 +111,7 @@ void hanging(const PetPainter& pet, const Descent& way) {
     body.torso();
     const bool down = way.near >= 1;
     body.eyes(!down ? Eyes::look(0, 2.5) : way.landed < 0.9 ? Eyes::happy() : Eyes::look(0, 0));
-    body.mouth(down ? Mouth::smile : Mouth::open);
+    body.mouth(way.height > 0 ? Mouth::open : Mouth::smile);
     holdOn(body, Side::left, way.landed);
     holdOn(body, Side::right, way.landed);
 }

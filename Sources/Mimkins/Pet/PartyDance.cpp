@@ -1,6 +1,7 @@
 #include "Pet/AwayMotion.h"
 #include "Pet/AwayScenes.h"
 
+#include <array>
 #include <numbers>
 
 namespace mimkins::scene {
@@ -19,25 +20,24 @@ void turningLight(const PetPainter& pet) {
         const double angle = 0.6 * pet.t + 2 * std::numbers::pi * part;
         Path light;
         light.move(center);
-        light.addArc(center, 47, angle, angle + 0.62);
+        light.addArc(center, 47, angle, angle + 0.66);
         light.closeSubpath();
-        const double glow = 0.36 + 0.12 * std::sin(2 * beat * pet.t + 2 * ray);
+        const double glow = 0.62 + 0.14 * std::sin(2 * beat * pet.t + 2 * ray);
         pet.fill(light, Color::hsb(part + 0.04 * pet.t, 0.75, 1, glow));
     }
 }
 
+/// Falls at both sides, where no body hides it.
 void confetti(const PetPainter& pet) {
-    constexpr int bits = 9;
-    for (int bit = 0; bit < bits; ++bit) {
-        const double i = bit;
-        const double f = fraction((0.22 + 0.03 * (bit % 3)) * pet.t + 0.37 * i);
-        const double x = 7 + 10.7 * i + 3 * std::sin(2.4 * pet.t + i);
-        const double y = -2 + 98 * f;
-        const double show = during(f, 0, 1, 0.12);
-        pet.turned({x, y}, 3 * pet.t + i)
-            .faded(show)
-            .scaled({x, y}, 1, std::sin(4 * pet.t + 2 * i))
-            .rounded(x - 2.4, y - 1.7, 4.8, 3.4, 0.8, Color::hsb(0.29 * i, 0.8, 1));
+    constexpr std::array lanes{6.0, 94.0, 15.0, 86.0, 24.0, 77.0, 10.0, 90.0, 33.0, 67.0};
+    for (std::size_t bit = 0; bit < lanes.size(); ++bit) {
+        const auto i = static_cast<double>(bit);
+        const double f = fraction((0.22 + 0.03 * std::fmod(i, 3)) * pet.t + 0.37 * i);
+        const Point at{lanes[bit] + 3 * std::sin(2.4 * pet.t + i), 2 + 94 * f};
+        pet.turned(at, 2 * pet.t + i)
+            .faded(during(f, 0, 1, 0.12))
+            .scaled(at, 1, std::sin(4 * pet.t + 2 * i))
+            .rounded(at.x - 3, at.y - 2.1, 6, 4.2, 1, Color::hsb(0.29 * i, 0.8, 1));
     }
 }
 
@@ -73,6 +73,7 @@ void partyDance(PetPainter& pet) {
     const double sway = std::sin(beat * pet.t);
     const double hop = std::abs(std::sin(2 * beat * pet.t));
     turningLight(pet);
+    confetti(pet);
     pet.bob = 1 - 6 * hop;
     pet.squash = 3 * (1 - hop) * (1 - hop);
     pet.shiftX = 4 * sway;
@@ -87,10 +88,7 @@ void partyDance(PetPainter& pet) {
     const double up = between(sway, -0.8, 0.8);
     throwArm(tilted, Side::left, 1 - up);
     throwArm(tilted, Side::right, up);
-    PetPainter still = pet;
-    still.shiftX = 0;
-    confetti(still);
-    still.notes(78, 34);
+    pet.notes(78, 34);
 }
 
 } // namespace mimkins::scene

@@ -53,7 +53,7 @@ constexpr std::array<Poster, routineCount> posters{{
     {2.0, false}, // supervisor
     {2.0, false}, // fishing
     {2.0, false}, // hourglass
-    {2.0, true},  // parachute
+    {2.75, true}, // parachute
     {2.0, false}, // sleep
     {2.0, false}, // snore
     {2.0, false}, // beach

@@ -9,6 +9,10 @@ using namespace away;
 
 namespace {
 
+constexpr Color nightBlue{0.36, 0.47, 0.78};
+constexpr Color paleBlue{0.86, 0.9, 0.98};
+constexpr Color starYellow{1, 0.88, 0.5};
+
 void nightcap(const PetPainter& pet, double sway) {
     const double top = pet.bob + pet.squash;
     const Point tassel{12 + sway, top + 33 + 0.4 * sway};
@@ -17,9 +21,11 @@ void nightcap(const PetPainter& pet, double sway) {
     cap.addCurve(tassel, {30, top + 6}, {16 + 0.5 * sway, top + 6});
     cap.addCurve({72, top + 29}, {26 + 0.5 * sway, top + 6}, {60, top - 2});
     cap.closeSubpath();
-    pet.fill(cap, pet.colors.accent);
-    pet.rounded(25, top + 25, 50, 7, 3.5, pet.colors.paper);
-    pet.disc(tassel, 5, pet.colors.paper);
+    pet.fill(cap, nightBlue);
+    pet.disc({42, top + 18}, 2.4, starYellow);
+    pet.disc({57, top + 19}, 2.4, starYellow);
+    pet.rounded(25, top + 25, 50, 7, 3.5, paleBlue);
+    pet.disc(tassel, 5, starYellow);
 }
 
 void blanket(const PetPainter& pet) {
@@ -31,11 +37,11 @@ void blanket(const PetPainter& pet) {
     cloth.addQuadCurve({12, 91}, {50, 95});
     cloth.addQuadCurve({18, fold}, {12, fold + 6});
     cloth.closeSubpath();
-    pet.fill(cloth, Color{0.36, 0.47, 0.78});
-    pet.disc({30, 86}, 2.4, Color{1, 0.9, 0.55});
-    pet.disc({50, 88}, 2.4, Color{1, 0.9, 0.55});
-    pet.disc({70, 86}, 2.4, Color{1, 0.9, 0.55});
-    pet.rounded(15, fold - 2, 70, 6.5, 3.2, Color{0.86, 0.9, 0.98});
+    pet.fill(cloth, nightBlue);
+    pet.disc({30, 86}, 2.4, starYellow);
+    pet.disc({50, 88}, 2.4, starYellow);
+    pet.disc({70, 86}, 2.4, starYellow);
+    pet.rounded(15, fold - 2, 70, 6.5, 3.2, paleBlue);
 }
 
 void risingLetters(const PetPainter& pet) {
@@ -74,8 +80,8 @@ void sleep(PetPainter& pet) {
 void snore(PetPainter& pet) {
     const double breath = (1 + std::sin(1.6 * pet.t)) / 2;
     asleep(pet, breath, Mouth::small);
-    const double radius = 2 + 7.5 * (1 - breath);
-    const Point center{56.5 + 0.9 * radius, 63 + 0.5 * pet.squash - 0.25 * radius};
+    const double radius = 2 + 7 * (1 - breath);
+    const Point center{56 + radius, 66 + 0.5 * pet.squash - 0.15 * radius};
     pet.disc(center, radius, Color{0.72, 0.9, 1, 0.8});
     pet.ring(center, radius, Color{0.36, 0.6, 0.85}, 1.1);
     pet.disc({center.x - 0.35 * radius, center.y - 0.35 * radius}, 0.22 * radius, Color::white(0.95));
