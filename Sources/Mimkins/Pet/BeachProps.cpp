@@ -48,7 +48,7 @@ void parasol(const PetPainter& pet) {
 }
 
 void deckChair(const PetPainter& pet) {
-    pet.line({{35, 79}, {82, 95}}, darkBrown, 2.6);
+    pet.line({{35, 79}, {76, 94.5}}, darkBrown, 2.6);
     pet.line({{91, 57}, {46, 95}}, darkBrown, 2.6);
     const Color cloth{0.16, 0.42, 0.76};
     pet.curve({36, 79}, {70, 103}, {90, 58}, cloth, 7);

@@ -13,10 +13,10 @@ namespace {
 
 constexpr double lean = 0.42;
 
+/// Darker and warmer, and still the pet's own colour.
 void sunTan(PetColors& colors, double part) {
-    const Color bronze{0.6, 0.34, 0.17};
     for (Color* color : {&colors.top, &colors.bottom, &colors.limb, &colors.hand}) {
-        *color = mix(*color, bronze, 0.5 * part);
+        *color = mix(*color, {0.86 * color->red, 0.7 * color->green, 0.62 * color->blue}, part);
     }
 }
 
@@ -60,7 +60,8 @@ void remains(const PetPainter& pet) {
 /// An hour's glass, again and again.
 void hoursGlass(const PetPainter& pet, double minutes) {
     pet.ellipse(81, 92, 16, 3.6, Color::black(0.16));
-    pet.drawHourglass({89, 84}, 0.98, 0, within(minutes, 60) / 60);
+    pet.polygon({{84, 75}, {95, 75}, {91, 83}, {95, 91}, {84, 91}, {88, 83}}, Color{0.2, 0.36, 0.58});
+    pet.drawHourglass({89.5, 83}, 1.1, 0, within(minutes, 60) / 60);
 }
 
 } // namespace

@@ -29,7 +29,7 @@ void sun(const PetPainter& pet, double evening) {
 
 void gull(const PetPainter& pet) {
     const double f = fraction(0.06 * pet.t);
-    const double x = -6 + 112 * f;
+    const double x = -9 + 118 * f;
     const double y = 35 + 3 * std::sin(0.9 * pet.t);
     const double flap = 2.6 * std::sin(6 * pet.t);
     Path wings;
@@ -56,7 +56,7 @@ void sea(const PetPainter& pet, double evening) {
 }
 
 void boat(const PetPainter& pet) {
-    const double x = 34 + 7 * std::sin(0.13 * pet.t);
+    const double x = 18 + 5 * std::sin(0.13 * pet.t);
     const double y = horizon + 1;
     const PetPainter rocking = pet.turned({x, y}, 0.07 * std::sin(1.1 * pet.t));
     rocking.polygon({{x + 0.6, y - 1.5}, {x + 0.6, y - 14}, {x + 8, y - 1.5}}, Color{0.96, 0.97, 1});

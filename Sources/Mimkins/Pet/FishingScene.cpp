@@ -94,8 +94,8 @@ void fishing(PetPainter& pet) {
     pet.squash = 1 + 0.8 * std::sin(1.2 * pet.t);
     jetty(pet);
     danglingLegs(pet);
-    fish(pet);
     water(pet);
+    fish(pet);
     const PetPainter body = pet.moved(-19, -1).scaled({50, 76}, 0.8, 0.8);
     body.torso();
     const bool awake = bite > 0.3;

@@ -47,7 +47,7 @@ void steam(const PetPainter& pet) {
     for (const double i : {0.0, 1.0, 2.0}) {
         const double f = fraction(0.22 * pet.t + 0.4 * i);
         const double x = 16 + 32 * i + 3 * std::sin(0.7 * pet.t + 2 * i);
-        const double y = (i == 1 ? 26 : 40) - 14 * f;
+        const double y = (i == 1 ? 30 : 40) - 14 * f;
         const double curl = 5 * std::cos(1.2 * pet.t + i);
         Path wisp;
         wisp.move({x, y});

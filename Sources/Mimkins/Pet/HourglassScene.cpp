@@ -30,8 +30,8 @@ void hourglass(PetPainter& pet) {
     body.eyes(Eyes::look(3, mix(-2, 4, run) * (1 - reach)));
     body.mouth(reach > 0.5 ? Mouth::small : Mouth::flat);
     body.arm(Side::left, mix(Point{20, 88}, Point{12, 78}, reach), mix(Point{41, 79}, Point{21, 84}, reach));
-    pet.drawHourglass({77, 70.5 - hop}, 2.2, std::numbers::pi * flip, run);
-    const Point touching = mix(Point{66, 56}, Point{80, 46}, flip);
+    pet.drawHourglass({76.5, 72 - hop}, 2, std::numbers::pi * flip, run);
+    const Point touching = mix(Point{66, 58}, Point{79, 49}, flip);
     const Point pushing{(touching.x - 50 + 19) / 0.84 + 50, (touching.y - hop - 95) / 0.84 + 95};
     body.arm(Side::right, {88, mix(78, 66, reach)}, mix(Point{78, 84}, pushing, reach));
 }

@@ -22,7 +22,7 @@ void turningLight(const PetPainter& pet) {
         light.move(center);
         light.addArc(center, 47, angle, angle + 0.66);
         light.closeSubpath();
-        const double glow = 0.62 + 0.14 * std::sin(2 * beat * pet.t + 2 * ray);
+        const double glow = 0.78 + 0.12 * std::sin(2 * beat * pet.t + 2 * ray);
         pet.fill(light, Color::hsb(part + 0.04 * pet.t, 0.75, 1, glow));
     }
 }
@@ -44,11 +44,11 @@ void confetti(const PetPainter& pet) {
 void partyHat(const PetPainter& pet) {
     const double top = pet.bob + pet.squash;
     const Color pink{1, 0.35, 0.6};
-    pet.polygon({{35, top + 28}, {65, top + 28}, {50, top + 1}}, pink);
+    pet.polygon({{35, top + 28}, {65, top + 28}, {50, top + 9}}, pink);
     pet.polygon(
-        {{40, top + 19}, {60, top + 19}, {56.5, top + 12.7}, {43.5, top + 12.7}}, Color{1, 0.88, 0.3}
+        {{39.7, top + 22}, {60.3, top + 22}, {56.6, top + 17.2}, {43.4, top + 17.2}}, Color{1, 0.88, 0.3}
     );
-    pet.disc({50, top + 1.5}, 4.2, Color{0.35, 0.8, 1});
+    pet.disc({50, top + 9.5}, 4, Color{0.35, 0.8, 1});
 }
 
 /// `lift` is 1 for a hand thrown up.
