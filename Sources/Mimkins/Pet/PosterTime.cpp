@@ -50,15 +50,15 @@ constexpr std::array<Poster, routineCount> posters{{
     {2.5, false}, // holdingEnvelope
     {5.3, false}, // readingLetter
     {2.6, false}, // yawnSitting
-    {2.0, false}, // supervisor
-    {2.0, false}, // fishing
-    {2.0, false}, // hourglass
-    {2.0, true},  // parachute
-    {2.0, false}, // sleep
-    {2.0, false}, // snore
+    {1.7, false}, // supervisor
+    {4.6, false}, // fishing
+    {2.6, false}, // hourglass
+    {2.75, true},  // parachute
+    {1.0, false}, // sleep
+    {3.6, false}, // snore
     {2.0, false}, // beach
     {2.0, false}, // hotTub
-    {2.0, false}, // partyDance
+    {0.7, false}, // partyDance
     {2.0, false}, // lookAroundScene
     {2.0, false}, // stepSideTo
     {2.0, true},  // stretch
