@@ -1,7 +1,9 @@
 #include "Pet/TrickMotion.h"
 #include "Pet/TrickScenes.h"
 
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 namespace mimkins::scene {
 
@@ -29,12 +31,28 @@ Point wipingHand(const PetPainter& pet, double phase) {
     return between(between(brow, out, eased(phase, flicks, flicked)), down, eased(phase, 2.2, 2.7));
 }
 
-/// Drops that stand on the forehead until they are wiped, then fly off the hand.
+void bigDrop(const PetPainter& pet, Point at) {
+    pet.scaled(at, 2.1, 2.1).sweatDrop(at.x, at.y);
+    pet.disc({at.x - 1.6, at.y + 3}, 1.5, Color::white(0.75));
+}
+
+/// A cloth that hangs from the hand and trails behind it by so much.
+void cloth(const PetPainter& pet, Point hand, double trail) {
+    const auto corner = [&](double x, double y) { return Point{hand.x + x + trail * y / 14, hand.y + y}; };
+    const std::initializer_list<Point> edges{corner(-8, -4), corner(6, -4), corner(7, 13), corner(-7, 13)};
+    pet.polygon(edges, Color::white());
+    pet.line({corner(-6.8, 8.5), corner(6.8, 8.5)}, pet.colors.accent, 2.4);
+    pet.line({corner(-8, -4), corner(6, -4), corner(7, 13), corner(-7, 13), corner(-8, -4)}, darkBrown, 1.3);
+}
+
+/// Drops that stand at the head until they are wiped, then fly off the cloth.
 void sweat(const PetPainter& pet, double phase) {
     const double wet = 1 - eased(phase, atBrow + 0.2, atBrow + 0.7);
     if (wet > 0) {
-        pet.faded(wet).scaled({29, 34}, 1.3, 1.3).sweatDrop(29, 33 + pet.bob);
-        pet.faded(wet).scaled({70, 31}, 1.3, 1.3).sweatDrop(70, 31 + pet.bob);
+        const double slide = 5 * eased(phase, 0, atBrow + 0.4);
+        bigDrop(pet.faded(wet), {19, 35 + slide});
+        bigDrop(pet.faded(wet), {83, 27 + slide});
+        bigDrop(pet.faded(wet), {30, 16 + slide});
     }
     const double flight = (phase - flicked + 0.1) / 0.6;
     if (flight < 0 || flight > 1) {
@@ -81,7 +99,9 @@ void wipeBrow(PetPainter& pet, double phase) {
     phew(pet, phase);
     pet.armDown(Side::left);
     const double up = eased(phase, 0, atBrow) * (1 - eased(phase, 2.2, 2.7));
-    pet.arm(Side::right, between({82, pet.bob + 64}, {96, pet.bob + 46}, up), wipingHand(pet, phase));
+    const Point hand = wipingHand(pet, phase);
+    cloth(pet, hand, std::clamp(0.5 * (wipingHand(pet, phase - 0.08).x - hand.x), -4.0, 4.0));
+    pet.arm(Side::right, between({82, pet.bob + 64}, {96, pet.bob + 46}, up), hand);
 }
 
 void coffee(PetPainter& pet, Posture posture) {
@@ -100,6 +120,7 @@ void coffee(PetPainter& pet, Posture posture) {
     const Point at = between({62, pet.bob + 68}, {54, pet.bob + 58}, raised);
     bigMug(body, at, 0.55 * drinking);
     body.arm(Side::right, {93, pet.bob + 72 - 4 * raised}, {at.x + 13, at.y + 1 - 4 * drinking});
+    keepTurn(pet, body);
 }
 
 } // namespace mimkins::scene

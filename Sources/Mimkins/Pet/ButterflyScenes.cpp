@@ -26,8 +26,8 @@ void wings(const PetPainter& pet, Point at, double side, double open) {
 
 /// 26 wide with its wings spread, turned by an angle in radians.
 void drawButterfly(const PetPainter& pet, Point at, double angle) {
-    const PetPainter insect = pet.turned(at, angle);
-    const double open = 0.35 + 0.65 * std::abs(std::sin(14 * pet.t));
+    const PetPainter insect = pet.turned(at, angle).scaled(at, 1.15, 1.15);
+    const double open = 0.5 + 0.5 * std::abs(std::sin(14 * pet.t));
     wings(insect, at, -1, open);
     wings(insect, at, 1, open);
     insect.curve({at.x, at.y - 5}, {at.x - 1, at.y - 9}, {at.x - 4, at.y - 10}, darkBrown, 1);
@@ -79,13 +79,20 @@ void lids(const PetPainter& pet, double closed) {
     }
 }
 
+/// An arm that holds the chin at 1 and hangs at 0.
+void chinArm(const PetPainter& pet, double held) {
+    const Point bend = between({82, pet.bob + 64}, {91, pet.bob + 74}, held);
+    pet.arm(Side::right, bend, between({79, pet.bob + 73}, {62, pet.mouthLine() + 7}, held));
+}
+
 /// The chin on a hand, the other arm down; a sigh sinks the body.
-void bored(PetPainter& pet) {
-    pet.squash += 2.2 * (1 - std::cos(turn * pet.t / 3)) / 2;
+void bored(PetPainter& pet, double phase) {
+    const double sigh = (1 - std::cos(turn * phase / appears)) / 2;
+    pet.squash = phase < appears ? 2.5 * sigh : 0;
     pet.standing(Legs::tapping, Eyes::look(2, 2.5), Mouth::flat);
     lids(pet, 1);
     pet.armDown(Side::left);
-    pet.arm(Side::right, {91, pet.bob + 73}, {64, pet.mouthLine() + 8});
+    chinArm(pet, 1);
 }
 
 void surprised(PetPainter& pet, double phase, Point visitor) {
@@ -93,7 +100,11 @@ void surprised(PetPainter& pet, double phase, Point visitor) {
     pet.bob = -7 * jump;
     pet.standing(Legs::still, lookAt(pet, visitor), phase > appears + 1.4 ? Mouth::smile : Mouth::open);
     pet.armDown(Side::left);
-    reachingArm(pet, Side::right, eased(phase, appears + 1.5, appears + 2.3));
+    if (phase < appears + 0.8) {
+        chinArm(pet, 1 - eased(phase, appears + 0.5, appears + 0.8));
+    } else {
+        reachingArm(pet, Side::right, eased(phase, appears + 1.5, appears + 2.3));
+    }
     const double mark = during(phase, appears + 0.5, appears + 1.8, 0.2);
     if (mark > 0) {
         const PetPainter shown = pet.faded(mark).scaled({50, 24}, mark, mark);
@@ -126,7 +137,7 @@ void butterfly(PetPainter& pet) {
 void boredThenButterfly(PetPainter& pet, double phase) {
     const Point visitor = visitorAt(phase);
     if (phase < appears + 0.5) {
-        bored(pet);
+        bored(pet, phase);
     } else if (phase < follows) {
         surprised(pet, phase, visitor);
     } else {

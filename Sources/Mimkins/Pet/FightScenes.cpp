@@ -14,10 +14,10 @@ void brows(const PetPainter& pet) {
     pet.line({{66, y - 2}, {56, y + 2}}, pet.colors.ink, 2.4);
 }
 
-/// Both fists before the chest.
+/// One hand out, the other fist at the chest.
 void guard(const PetPainter& pet, double sway) {
-    pet.arm(Side::left, {8, pet.bob + 66}, {22, pet.bob + 47 + sway});
-    pet.arm(Side::right, {92, pet.bob + 66}, {78, pet.bob + 47 - sway});
+    pet.arm(Side::left, {9, pet.bob + 66}, {9, pet.bob + 44 + sway});
+    pet.arm(Side::right, {95, pet.bob + 68}, {71, pet.bob + 66 - sway});
 }
 
 // The moments of the flying kick, in seconds.
@@ -57,21 +57,23 @@ void flight(PetPainter& pet, double phase) {
     const double up = eased(phase, leaps, kicks) * (1 - eased(phase, falls, lands));
     const double out = during(phase, leaps + 0.1, lands - 0.05, 0.18);
     pet.bob = -11 * up;
+    pet.shiftX = -7 * up;
     pet.shadow();
     PetPainter body = pet.turned({50, 50 + pet.bob}, kickAngle * up);
     kickingLegs(body, out);
     body.torso();
     body.eyes(Eyes::wide());
     body.mouth(Mouth::open);
-    body.arm(Side::left, {10, pet.bob + 62}, between({22, pet.bob + 47}, {12, pet.bob + 38}, out));
-    body.arm(Side::right, {92, pet.bob + 62}, between({78, pet.bob + 47}, {91, pet.bob + 46}, out));
+    body.arm(Side::left, {9, pet.bob + 66 - 4 * out}, between({9, pet.bob + 44}, {17, pet.bob + 38}, out));
+    body.arm(Side::right, {95, pet.bob + 68 - 6 * out}, between({71, pet.bob + 66}, {89, pet.bob + 44}, out));
     const double word = during(phase, kicks - 0.1, falls + 0.1, 0.12);
     if (word > 0) {
         shout(
-            pet.faded(word).scaled({36, 8}, word, word), "HI-YAH!", {36, 8}, 15,
+            pet.moved(-pet.shiftX, 0).faded(word).scaled({38, 7}, word, word), "HI-YAH!", {38, 7}, 15,
             Color::named(NamedColor::orange)
         );
     }
+    keepTurn(pet, body);
 }
 
 // The moments of the chop, in seconds.
@@ -96,7 +98,7 @@ void plank(const PetPainter& pet, double x, double width) {
     pet.line({{x + 4, 76.6}, {x + width - 4, 76.6}}, brown, 1);
 }
 
-/// Whole until it breaks; then both halves tip into the gap, and at the end a new one takes their place.
+/// Whole until it breaks; then both halves tip into the gap, and at the end a new one slides in.
 void boardOnBlocks(const PetPainter& pet, double phase) {
     blocks(pet);
     if (phase < breaks) {
@@ -104,12 +106,14 @@ void boardOnBlocks(const PetPainter& pet, double phase) {
         return;
     }
     const double tilt = breakAngle * eased(phase, breaks, breaks + 0.12);
-    const PetPainter old = pet.faded(1 - eased(phase, clears, clears + 0.2));
-    plank(old.turned({16, 80}, tilt), 9, 40.5);
-    plank(old.turned({84, 80}, -tilt), 50.5, 40.5);
-    const double next = eased(phase, clears + 0.15, chopCycle - 0.05);
+    const double left = 1 - eased(phase, clears, clears + 0.25);
+    if (left > 0) {
+        plank(pet.scaled({12, 80}, left, left).turned({16, 80}, tilt), 9, 40.5);
+        plank(pet.scaled({88, 80}, left, left).turned({84, 80}, -tilt), 50.5, 40.5);
+    }
+    const double next = eased(phase, clears + 0.1, chopCycle - 0.05);
     if (next > 0) {
-        plank(pet.moved(0, 4 * (next - 1)).faded(next), 9, 82);
+        plank(pet.moved(100 * (next - 1), 0), 9, 82);
     }
 }
 
@@ -158,19 +162,27 @@ double punched(double half) {
     return eased(half, 0.06, punchReach) * (1 - eased(half, punchReach + 0.1, 0.85));
 }
 
+void boxingArm(const PetPainter& pet, Side side, Point bend, Point hand) {
+    constexpr Color red{0.9, 0.16, 0.2};
+    pet.arm(side, bend, hand);
+    pet.disc(hand, 7.4, Color{0.42, 0.03, 0.08});
+    pet.disc(hand, 6.2, red);
+    pet.disc({hand.x - 2, hand.y - 2.4}, 1.8, Color::white(0.6));
+}
+
 void target(const PetPainter& pet, double hit) {
-    constexpr Point foot{84, 91};
-    pet.ellipse(72, 88, 24, 7, darkBrown);
-    const PetPainter swung = pet.turned(foot, 0.16 * hit);
-    swung.line({foot, {84, 60}}, Color::grey(0.5), 3.4);
-    const Point at{84, 48};
+    constexpr Point foot{80, 91};
+    pet.ellipse(68, 88, 24, 7, darkBrown);
+    const PetPainter swung = pet.turned(foot, 0.12 * hit);
+    swung.line({foot, {80, 60}}, Color::grey(0.5), 3.4);
+    const Point at{80, 48};
     swung.ellipse(at.x - 12 + hit, at.y - 15, 24 - 2 * hit, 30, darkBrown);
     swung.ellipse(at.x - 10.6 + hit, at.y - 13.6, 21.2 - 2 * hit, 27.2, Color{1, 0.82, 0.15});
     swung.ellipse(at.x - 6.5, at.y - 8.5, 13, 17, Color::white());
     swung.ellipse(at.x - 3.4, at.y - 4.4, 6.8, 8.8, Color{0.9, 0.2, 0.2});
 }
 
-/// Two strokes that spring off the target at a hit.
+/// Strokes that spring off the target at a hit.
 void impact(const PetPainter& pet, double half) {
     const double f = (half - punchReach) / 0.35;
     if (f < 0 || f > 1) {
@@ -178,9 +190,9 @@ void impact(const PetPainter& pet, double half) {
     }
     const PetPainter shown = pet.faded(1 - f);
     const Color spark = Color::named(NamedColor::orange);
-    shown.line({{74, 28 - 5 * f}, {71, 21 - 7 * f}}, spark, 2.6);
-    shown.line({{84, 27 - 5 * f}, {84, 19 - 7 * f}}, spark, 2.6);
-    shown.line({{93, 29 - 5 * f}, {96, 22 - 7 * f}}, spark, 2.6);
+    shown.line({{71, 28 - 5 * f}, {68, 21 - 7 * f}}, spark, 2.6);
+    shown.line({{81, 27 - 5 * f}, {81, 19 - 7 * f}}, spark, 2.6);
+    shown.line({{90, 29 - 5 * f}, {93, 22 - 7 * f}}, spark, 2.6);
 }
 
 } // namespace
@@ -235,8 +247,11 @@ void punches(PetPainter& pet) {
     pet.eyes(Eyes::look(3, 0));
     brows(pet);
     pet.mouth(reach > 0.5 ? Mouth::open : Mouth::flat);
-    pet.arm(Side::left, between({8, 68}, {40, 74}, leftReach), between({24, 49}, {81, 54}, leftReach));
-    pet.arm(Side::right, between({90, 68}, {80, 60}, rightReach), between({70, 50}, {83, 45}, rightReach));
+    boxingArm(pet, Side::left, between({6, 66}, {44, 92}, leftReach), between({21, 66}, {75, 49}, leftReach));
+    boxingArm(
+        pet, Side::right, between({95, 68}, {82, 62}, rightReach),
+        between({74 + 3 * leftReach, 64 + 6 * leftReach}, {77, 45}, rightReach)
+    );
     impact(props, half);
 }
 

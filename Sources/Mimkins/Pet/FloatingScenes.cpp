@@ -11,8 +11,10 @@ namespace {
 
 /// Crossed legs in front of the body, the soles at the knees.
 void lotusLegs(const PetPainter& pet) {
-    const double y = pet.bob + 76;
+    const double y = pet.bob + 75;
+    pet.ellipse(30, y - 5, 40, 14, pet.colors.limb);
     pet.curve({34, y - 2}, {20, y + 10}, {56, y + 8}, pet.colors.limb, 7);
+    pet.curve({66, y - 2}, {80, y + 10}, {44, y + 8}, Color::black(0.2), 9);
     pet.curve({66, y - 2}, {80, y + 10}, {44, y + 8}, pet.colors.limb, 7);
     pet.ellipse(54, y + 4, 12, 7, pet.colors.hand);
     pet.ellipse(34, y + 4, 12, 7, pet.colors.hand);
@@ -35,11 +37,11 @@ void mat(const PetPainter& pet) {
 /// Rings of calm that widen behind the head.
 void calm(const PetPainter& pet) {
     const double f = fraction(1.2 / turn * pet.t);
-    const Point center{50, 46 + pet.bob};
+    const Point center{50, 49 + pet.bob};
     for (const double shift : {0.0, 0.5}) {
         const double grown = fraction(f + shift);
         pet.faded(0.8 * std::sin(std::numbers::pi * grown))
-            .ring(center, 28 + 18 * grown, pet.colors.accent, 1.8);
+            .ring(center, 29 + 11 * grown, pet.colors.accent, 2.2);
     }
 }
 

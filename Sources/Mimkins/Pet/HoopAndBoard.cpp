@@ -59,9 +59,13 @@ void helmet(const PetPainter& pet) {
     shell.closeSubpath();
     pet.fill(shell, pet.colors.accent);
     pet.stroke(shell, darkBrown, 1.6);
-    for (const double x : {38.0, 50.0, 62.0}) {
-        pet.rounded(x - 2.2, y - 12.5, 4.4, 7, 2.2, darkBrown);
-    }
+    Path stripe;
+    stripe.move({41, y - 0.8});
+    stripe.addQuadCurve({50, y - 15.4}, {42, y - 15});
+    stripe.addQuadCurve({59, y - 0.8}, {58, y - 15});
+    stripe.closeSubpath();
+    pet.fill(stripe, pet.colors.paper);
+    pet.line({{20, y}, {80, y}}, darkBrown, 3.4);
 }
 
 void speedLines(const PetPainter& pet, double speed) {
@@ -92,13 +96,14 @@ void hulaHoop(PetPainter& pet) {
     body.arm(Side::left, {9, pet.bob + 50}, {10, pet.bob + 33 + 2 * swing});
     body.arm(Side::right, {91, pet.bob + 50}, {90, pet.bob + 33 - 2 * swing});
     halfHoop(hoop, waist, 1);
+    keepTurn(pet, body);
 }
 
 void skateboard(PetPainter& pet) {
     const double place = std::sin(0.8 * pet.t);
     const double speed = std::cos(0.8 * pet.t);
     const double wobble = std::sin(5 * pet.t);
-    pet.shiftX = 11 * place;
+    pet.shiftX = 7 * place;
     pet.bob = -5 + 0.6 * wobble;
     pet.shadow();
     speedLines(pet, speed);
@@ -112,8 +117,9 @@ void skateboard(PetPainter& pet) {
     helmet(body);
     body.eyes(Eyes::look(3 * speed, 1.5));
     body.mouth(Mouth::smile);
-    body.arm(Side::left, {12, pet.bob + 60}, {11, pet.bob + 51 + 4 * wobble});
-    body.arm(Side::right, {88, pet.bob + 60}, {89, pet.bob + 51 - 4 * wobble});
+    body.arm(Side::left, {13, pet.bob + 62}, {14, pet.bob + 50 + 4 * wobble});
+    body.arm(Side::right, {87, pet.bob + 62}, {86, pet.bob + 50 - 4 * wobble});
+    keepTurn(pet, body);
 }
 
 } // namespace mimkins::scene

@@ -78,7 +78,8 @@ void ukulele(PetPainter& pet) {
     drawUkulele(tune);
     body.arm(Side::left, {10, pet.bob + 66}, {26 + 1.5 * sway, pet.bob + 63});
     body.arm(Side::right, {91, pet.bob + 70}, {66 + 0.8 * strum, pet.bob + 71 + 3 * strum});
-    pet.notes(72, 34);
+    pet.notes(80, 36);
+    keepTurn(pet, body);
 }
 
 void popcorn(PetPainter& pet) {
@@ -104,7 +105,7 @@ void popcorn(PetPainter& pet) {
     tub(pet, 70);
     pet.arm(Side::left, {12, 72}, {27, 81});
     if (flying) {
-        kernel(pet, at, 1.3);
+        kernel(pet, at, 1.6);
     }
 }
 

@@ -17,7 +17,7 @@ void bush(const PetPainter& pet, double rustle) {
     constexpr Color edge{0.1, 0.3, 0.14};
     constexpr Color leaf{0.27, 0.62, 0.3};
     constexpr Color light{0.45, 0.78, 0.42};
-    constexpr Point clumps[]{{20, 78}, {36, 74}, {52, 77}, {66, 73}, {81, 78}};
+    constexpr Point clumps[]{{20, 80}, {36, 77}, {52, 79}, {66, 76}, {81, 80}};
     for (const Point& clump : clumps) {
         pet.disc({clump.x + rustle, clump.y}, 13.4, edge);
     }
@@ -42,8 +42,8 @@ double stoodUp(double f) {
 }
 
 // The moments of the peek round the edge, as fractions of its length.
-constexpr double isOut = 0.24;
-constexpr double peeks = 0.36;
+constexpr double isOut = 0.22;
+constexpr double peeks = 0.29;
 constexpr double enters = 0.68;
 constexpr double isBack = 0.82;
 
@@ -76,6 +76,7 @@ void peekIn(PetPainter& pet, double f) {
             Color::named(NamedColor::orange)
         );
     }
+    keepTurn(pet, body);
 }
 
 void walk(PetPainter& pet, double look) {
@@ -93,7 +94,7 @@ void peekaboo(PetPainter& pet) {
     const double up = stoodUp(f);
     const double peep = during(f, 0.28, standsUp, 0.05);
     pet.bob = 16 - 18 * up;
-    pet.squash = 9 * (1 - std::min(up, 1.0)) * (1 - peep);
+    pet.squash = 14 * (1 - std::min(up, 1.0)) * (1 - peep);
     pet.shadow();
     pet.torso();
     if (up > 0.5) {

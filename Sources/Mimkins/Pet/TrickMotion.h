@@ -34,6 +34,11 @@ inline double within(double value, double cycle) {
     return cycle * fraction(value / cycle);
 }
 
+/// What is drawn on the pet after the scene, such as its headband, is turned as its body was.
+inline void keepTurn(PetPainter& pet, const PetPainter& body) {
+    pet.gc = body.gc;
+}
+
 /// A word on a darker copy of itself, so that it reads on light and on dark grounds.
 inline void
 shout(const PetPainter& pet, std::string_view text, Point center, double size, const Color& color) {
