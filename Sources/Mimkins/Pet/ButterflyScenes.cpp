@@ -124,7 +124,7 @@ void following(PetPainter& pet, double phase, Point visitor) {
 
 void butterfly(PetPainter& pet) {
     const double sway = std::sin(0.9 * pet.t);
-    const Point at{50 + 34 * sway, 15 + 4 * std::sin(1.7 * pet.t)};
+    const Point at{50 + 34 * sway, 16.5 + 3.5 * std::sin(1.7 * pet.t)};
     pet.bob = 1.2 * std::sin(1.7 * pet.t);
     pet.shiftX = 3 * sway;
     pet.standing(Legs::still, lookAt(pet, at), Mouth::smile);

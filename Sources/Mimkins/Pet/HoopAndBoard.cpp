@@ -103,7 +103,7 @@ void skateboard(PetPainter& pet) {
     const double place = std::sin(0.8 * pet.t);
     const double speed = std::cos(0.8 * pet.t);
     const double wobble = std::sin(5 * pet.t);
-    pet.shiftX = 7 * place;
+    pet.shiftX = 6.5 * place;
     pet.bob = -5 + 0.6 * wobble;
     pet.shadow();
     speedLines(pet, speed);

@@ -79,12 +79,20 @@ void peekIn(PetPainter& pet, double f) {
     keepTurn(pet, body);
 }
 
-void walk(PetPainter& pet, double look) {
+void walkOut(PetPainter& pet) {
     pet.bob = -1.2 * std::abs(std::sin(9 * pet.t));
     const double swing = 3 * std::sin(9 * pet.t);
-    pet.standing(Legs::walking, Eyes::look(look, 0), Mouth::smile);
+    pet.standing(Legs::walking, Eyes::look(2.5, 0), Mouth::smile);
     pet.armDown(Side::left, swing);
     pet.armDown(Side::right, swing);
+}
+
+/// Back to the middle, still waving.
+void walkIn(PetPainter& pet) {
+    pet.bob = -1.2 * std::abs(std::sin(9 * pet.t));
+    pet.standing(Legs::walking, Eyes::look(-2.5, 0), Mouth::smile);
+    pet.armDown(Side::right);
+    pet.waveArm(Side::left, 8);
 }
 
 } // namespace
@@ -119,13 +127,13 @@ void peekAround(PetPainter& pet, double phase, double length) {
     const double f = phase / length;
     pet.shiftX = offset(f);
     if (f < isOut) {
-        walk(pet, 2.5);
+        walkOut(pet);
     } else if (f < peeks) {
         return;
     } else if (f < enters + 0.06) {
         peekIn(pet, f);
     } else if (f < isBack) {
-        walk(pet, -2.5);
+        walkIn(pet);
     } else {
         pet.shiftX = 0;
         hello(pet);
