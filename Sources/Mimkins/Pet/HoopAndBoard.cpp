@@ -69,7 +69,7 @@ void helmet(const PetPainter& pet) {
 }
 
 void speedLines(const PetPainter& pet, double speed) {
-    const double side = speed > 0 ? 7 : 93;
+    const double side = speed > 0 ? 9 : 91;
     const PetPainter shown = pet.faded(std::abs(speed));
     for (const double y : {48.0, 60.0, 72.0}) {
         const double reach = speed * (7 + 2 * std::sin(5 * pet.t + y));

@@ -54,7 +54,7 @@ constexpr double edge = 47;
 double offset(double f) {
     const double leaving = outside * std::pow(std::clamp(f / isOut, 0.0, 1.0), 2);
     const double peeking = (outside - edge) * eased(f, peeks, peeks + 0.09);
-    return leaving - peeking - edge * eased(f, enters, isBack);
+    return leaving - peeking - (edge + 2) * eased(f, enters, isBack);
 }
 
 void peekIn(PetPainter& pet, double f) {
@@ -87,12 +87,24 @@ void walkOut(PetPainter& pet) {
     pet.armDown(Side::right, swing);
 }
 
-/// Back to the middle, still waving.
-void walkIn(PetPainter& pet) {
+/// An arm that hangs at 0 and waves at 1.
+void risingArm(const PetPainter& pet, Side side, double raised) {
+    const Point root = pet.shoulder(side);
+    const double outer = -inward(side);
+    const Point waving{root.x + 8 * std::sin(8 * pet.t) + 12 * outer, pet.bob + 32};
+    pet.arm(
+        side, between({root.x + 6 * outer, pet.bob + 64}, {root.x + 10 * outer, pet.bob + 46}, raised),
+        between({root.x + 3 * outer, pet.bob + 73}, waving, raised)
+    );
+}
+
+/// Back to the middle; one arm takes over the waving from the other.
+void walkIn(PetPainter& pet, double f) {
     pet.bob = -1.2 * std::abs(std::sin(9 * pet.t));
     pet.standing(Legs::walking, Eyes::look(-2.5, 0), Mouth::smile);
-    pet.armDown(Side::right);
-    pet.waveArm(Side::left, 8);
+    const double turned = eased(f, enters + 0.06, isBack);
+    risingArm(pet, Side::left, 1 - turned);
+    risingArm(pet, Side::right, turned);
 }
 
 } // namespace
@@ -133,7 +145,7 @@ void peekAround(PetPainter& pet, double phase, double length) {
     } else if (f < enters + 0.06) {
         peekIn(pet, f);
     } else if (f < isBack) {
-        walkIn(pet);
+        walkIn(pet, f);
     } else {
         pet.shiftX = 0;
         hello(pet);
