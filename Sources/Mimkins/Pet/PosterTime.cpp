@@ -83,8 +83,8 @@ constexpr std::array<Poster, routineCount> posters{{
     {2.2, false}, // peekaboo
     {0.75, false}, // popcorn
     {3.2, true},  // peekAround
-    {5.6, true},  // boredThenButterfly
-    {1.1, true},  // wipeBrow
+    {4.5, true},  // boredThenButterfly
+    {0.6, true},  // wipeBrow
     {0.6, false}, // coffee
     {1.2, true},  // flyingKick
     {1.6, true},  // karateChop
