@@ -120,6 +120,7 @@ void PetPainter::headband() const {
     rounded(22 + thin, y, 56 - 2 * thin, 4.5, 1.5, red);
     line({{77 - thin, y + 2}, {88 - thin, y - 2 + wind}}, red, 2.4);
     line({{77 - thin, y + 2}, {87 - thin, y + 5 + 0.7 * wind}}, red, 2.4);
+    disc({77.5 - thin, y + 2.2}, 3, Color{0.68, 0.1, 0.16});
 }
 
 namespace {

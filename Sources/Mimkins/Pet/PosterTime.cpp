@@ -74,22 +74,22 @@ constexpr std::array<Poster, routineCount> posters{{
     {2.0, false}, // skippingRope
     {2.0, true},  // cartwheel
     {2.0, false}, // hiccups
-    {2.0, false}, // ukulele
-    {2.0, false}, // meditate
-    {2.0, false}, // hulaHoop
-    {2.0, false}, // butterfly
-    {2.0, false}, // balloon
-    {2.0, false}, // skateboard
-    {2.0, false}, // peekaboo
-    {2.0, false}, // popcorn
-    {2.0, true},  // peekAround
-    {2.0, true},  // boredThenButterfly
-    {2.0, true},  // wipeBrow
-    {2.0, false}, // coffee
-    {2.0, true},  // flyingKick
-    {2.0, true},  // karateChop
-    {2.0, false}, // punches
-    {2.0, false}, // guruHover
+    {0.6, false}, // ukulele
+    {1.3, false}, // meditate
+    {0.1, false}, // hulaHoop
+    {1.2, false}, // butterfly
+    {2.2, false}, // balloon
+    {0.6, false}, // skateboard
+    {2.2, false}, // peekaboo
+    {0.75, false}, // popcorn
+    {3.2, true},  // peekAround
+    {4.5, true},  // boredThenButterfly
+    {0.6, true},  // wipeBrow
+    {0.6, false}, // coffee
+    {1.2, true},  // flyingKick
+    {1.6, true},  // karateChop
+    {0.14, false}, // punches
+    {0.5, false}, // guruHover
     {2.0, false}, // powerAura
     {2.0, false}, // headband
 }};
