@@ -39,9 +39,7 @@ void whistle(PetPainter& pet, Posture posture) {
     const Eyes eyes = sway > 0 ? Eyes::look(2.5 * sway, -2.5) : Eyes::happy();
     pet.standing(sits ? Legs::spread : Legs::still, eyes, Mouth::none);
     cheeks(pet, 1);
-    const Point lips{50, pet.mouthLine() + 0.5};
-    pet.disc(lips, 3.4, pet.colors.limb);
-    pet.disc(lips, 1.9, pet.colors.ink);
+    pet.scaled({50, pet.mouthLine() + 0.5}, 1.7, 1.7).mouth(Mouth::whistle);
     pet.armsOnHips();
     pet.notes(70, 40);
 }
@@ -67,10 +65,10 @@ void stretchingFace(const PetPainter& pet, double part, double phase) {
 }
 
 /// From hanging down out to the side and up over the head.
-ArmPose stretchingArm(const PetPainter& pet, Side side, double part) {
+ArmPose stretchingArm(const PetPainter& pet, Side side, double part, double lean) {
     const ArmPose rest = restingArm(pet, side);
-    const Point hand =
-        tempo::onCurve(rest.hand, mirrored(side, {-8, 34}), mirrored(side, {45.5, pet.bob + 12}), part);
+    const Point overHead{50 - 4.5 * inward(side) + lean, pet.bob + 12};
+    const Point hand = tempo::onCurve(rest.hand, mirrored(side, {-8, 34}), overHead, part);
     const Point out{4, pet.bob + 26};
     return {tempo::mix(rest.control, mirrored(side, out), part), hand};
 }
@@ -83,13 +81,14 @@ void stretch(PetPainter& pet, double phase) {
     const double strain = part * std::sin(26 * phase);
     pet.bob = breath(pet) + 2 * crouch - 5 * part;
     pet.squash = 3.5 * crouch - 5 * part + 0.35 * strain;
-    pet.shiftX = 4 * part * std::sin(2.1 * (phase - 1.6));
+    const double lean = part * std::sin(3 * (phase - 1.6));
+    pet.shiftX = 4 * lean;
     pet.shadow();
     pet.legs(Legs::still);
     pet.torso();
     stretchingFace(pet, part, phase);
-    drawArm(pet, Side::left, stretchingArm(pet, Side::left, part));
-    drawArm(pet, Side::right, stretchingArm(pet, Side::right, part));
+    drawArm(pet, Side::left, stretchingArm(pet, Side::left, part, 8 * lean));
+    drawArm(pet, Side::right, stretchingArm(pet, Side::right, part, 8 * lean));
 }
 
 } // namespace mimkins::scene

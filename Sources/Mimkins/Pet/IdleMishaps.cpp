@@ -126,15 +126,21 @@ void burst(const PetPainter& pet, double since) {
 }
 
 /// What hangs round the mouth after the burst.
-void splat(const PetPainter& pet, double size) {
+void splat(const PetPainter& pet, double size, double sag) {
     const Point center{50, pet.mouthLine()};
     const PetPainter sticking = pet.scaled(center, size, size);
-    sticking.ellipse(center.x - 16, center.y - 6.5, 32, 14, gum);
-    sticking.disc({center.x - 11, center.y + 6}, 5.5, gum);
-    sticking.disc({center.x + 9, center.y + 8}, 6.5, gum);
-    sticking.disc({center.x + 10, center.y - 7}, 5, gum);
-    sticking.disc({center.x - 9, center.y - 6}, 4.5, gum);
-    sticking.line({{center.x - 3, center.y + 1}, {center.x + 3, center.y + 1}}, pet.colors.ink, 2.2);
+    const double x = center.x;
+    const double y = center.y;
+    for (const bool edge : {true, false}) {
+        const double more = edge ? 1 : 0;
+        const Color& color = edge ? gumEdge : gum;
+        sticking.ellipse(x - 16 - more, y - 7 - more, 32 + 2 * more, 13 + 2 * more, color);
+        sticking.line({{x - 8, y}, {x - 8, y + 9 + 5 * sag}}, color, 6.4 + 2 * more);
+        sticking.line({{x + 1, y}, {x + 1, y + 6 + 2 * sag}}, color, 5.4 + 2 * more);
+        sticking.line({{x + 9, y}, {x + 9, y + 8 + 8 * sag}}, color, 7 + 2 * more);
+    }
+    sticking.ellipse(x - 12, y - 5, 8, 3.4, Color::white(0.7));
+    sticking.line({{center.x - 3, center.y}, {center.x + 3, center.y}}, pet.colors.ink, 2.2);
 }
 
 void chewing(const PetPainter& pet, double phase) {
@@ -175,7 +181,7 @@ void bubbleGum(PetPainter& pet, double phase) {
     if (bubbled) {
         gumBubble(pet, 1 + 15.5 * std::max(blown, 0.0));
     } else if (stuck > 0) {
-        splat(pet, stuck);
+        splat(pet, stuck, between(phase, popTime, 5.2));
     }
     burst(pet, phase - popTime);
 }

@@ -37,9 +37,9 @@ double swing(double time) {
 
 void pebble(const PetPainter& pet, Point center, double angle) {
     const PetPainter rolling = pet.turned(center, angle);
-    rolling.ellipse(center.x - 6.8, center.y - 5.5, 13.6, 11, Color::grey(0.28));
-    rolling.ellipse(center.x - 5.6, center.y - 4.5, 11.2, 8.6, Color{0.62, 0.62, 0.66});
-    rolling.ellipse(center.x - 3.8, center.y - 3.4, 4.2, 2.6, Color::white(0.75));
+    rolling.ellipse(center.x - 7.6, center.y - 6, 15.2, 12, Color::grey(0.22));
+    rolling.ellipse(center.x - 6.5, center.y - 5, 13, 9.8, Color{0.68, 0.67, 0.7});
+    rolling.ellipse(center.x - 4.4, center.y - 3.8, 5, 3, Color::white(0.75));
 }
 
 void dust(const PetPainter& pet, Point at, double since, double side) {

@@ -23,15 +23,18 @@ void ball(const PetPainter& pet, Point center, const Color& color) {
     pet.ellipse(center.x - 3.6, center.y - 4.2, 4, 3, Color::white(0.7));
 }
 
-/// Round the path of a lying eight, high in the middle and low at the hands.
+/// How much later than the side the height of a ball comes, so that balls pass inside of those they meet.
+constexpr double late = 0.6;
+
+/// Round a lying eight, high in the middle and low at the hands.
 Point juggled(double angle) {
-    return {50 + 37 * std::sin(angle), 24 - 14 * std::cos(2 * angle)};
+    return {50 + 37 * std::sin(angle), 25 - 16.5 * std::cos(2 * angle - late)};
 }
 
 /// Beneath the ball that comes down on its side, which happens three times a turn.
 void throwingArm(const PetPainter& pet, Side side, double angle) {
-    const double dip = std::cos(3 * angle + (side == Side::left ? -pi / 2 : pi / 2));
-    const Point hand{13, 48 + 2.5 * dip};
+    const double dip = std::cos(3 * angle - 1.5 * late + (side == Side::left ? -pi / 2 : pi / 2));
+    const Point hand{14.5, 49 + 2.5 * dip};
     drawArm(pet, side, {mirrored(side, {6, 66}), mirrored(side, hand)});
 }
 

@@ -13,19 +13,19 @@ namespace {
 
 /// Across the chest, so that the wrist is before the eyes.
 ArmPose watchArm(const PetPainter& pet, double part) {
-    return mix(restingArm(pet, Side::left), {{8, pet.bob + 84}, {52, pet.bob + 66}}, part);
+    return mix(restingArm(pet, Side::left), {{10, pet.bob + 80}, {57, pet.bob + 70}}, part);
 }
 
 Point wristOf(const PetPainter& pet, const ArmPose& pose) {
-    return tempo::onCurve(pet.shoulder(Side::left), pose.control, pose.hand, 0.76);
+    return tempo::onCurve(pet.shoulder(Side::left), pose.control, pose.hand, 0.8);
 }
 
 /// A wrist watch whose strap runs with the arm's width; `size` from 0 to 1.
 void watch(const PetPainter& pet, Point center, double size) {
     const PetPainter worn = pet.scaled(center, size, size);
-    worn.line({{center.x - 2, center.y - 7}, {center.x + 2, center.y + 7}}, pet.colors.ink, 5);
-    worn.disc(center, 7.6, pet.colors.ink);
-    worn.disc(center, 6.2, Color::white());
+    worn.line({{center.x - 2, center.y - 8}, {center.x + 2, center.y + 8}}, pet.colors.ink, 6);
+    worn.disc(center, 9, pet.colors.ink);
+    worn.disc(center, 7.4, Color::white());
     const double minute = 2.4 * pet.t;
     const double hour = 0.2 * pet.t + 4;
     const auto hand = [&](double angle, double length, double width) {
@@ -34,20 +34,20 @@ void watch(const PetPainter& pet, Point center, double size) {
             Color{0.9, 0.25, 0.2}, width
         );
     };
-    hand(minute, 4.6, 1.3);
-    hand(hour, 3, 1.8);
+    hand(minute, 5.4, 1.5);
+    hand(hour, 3.4, 2.1);
 }
 
 /// Looks for somebody, at the watch, at the sky, at the watch again.
 Eyes waitingEyes(const PetPainter& pet, double phase) {
     if (phase > 1.7 && phase < 3.5) {
-        return Eyes::look(-2.5, 4.5);
+        return Eyes::look(-2, 4.5);
     }
     if (phase >= 3.5 && phase < 4.3) {
         return Eyes::look(3.5, -2.5);
     }
     if (phase >= 4.3 && phase < 5.3) {
-        return Eyes::look(-2.5, 4.5);
+        return Eyes::look(-2, 4.5);
     }
     return Eyes::look(pet.lookAround(), 0);
 }
