@@ -79,7 +79,7 @@ void sneeze(PetPainter& pet, double phase) {
     pet.bob = breath(pet) - 3 * gasp + 4 * blast;
     pet.squash = -4 * gasp + 8 * blast;
     pet.shadow();
-    pet.legs(blast > 0.1 ? Legs::spread : Legs::still);
+    hangingLegs(pet, 0, 6 * blast);
     pet.torso();
     sneezingFace(pet, phase, gasp);
     spray(pet, phase - blastTime);
@@ -213,7 +213,7 @@ void hiccups(PetPainter& pet) {
     drawArm(pet, Side::right, idle::mix(restingArm(pet, Side::right), onMouth, hush));
     if (time < hicWord) {
         const double f = time / hicWord;
-        const PetPainter fading = pet.faded(1 - between(time, 0.3, hicWord));
+        const PetPainter fading = pet.faded(1 - between(time, 0.36, hicWord));
         shout(fading, "hic!", {78, 26 - 20 * f}, 15, Color::named(NamedColor::yellow));
     }
 }

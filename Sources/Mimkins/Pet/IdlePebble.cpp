@@ -22,7 +22,7 @@ constexpr double half = 3;
 double pebbleX(double time) {
     const double in = std::clamp(time / 1.0, 0.0, 1.0);
     const double out = std::max(time - kickTime, 0.0);
-    return 110 - 29 * (1 - (1 - in) * (1 - in)) + 42 * out;
+    return std::min(110 - 29 * (1 - (1 - in) * (1 - in)) + 42 * out, 112.0);
 }
 
 double pebbleY(double time) {

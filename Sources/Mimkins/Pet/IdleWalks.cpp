@@ -66,7 +66,7 @@ namespace {
 /// Arms and legs of a cartwheel lie on a wheel about this point.
 constexpr Point hub{50, 56};
 
-constexpr std::array<Point, 4> spokes{{{16, 32}, {84, 32}, {33, 88}, {67, 88}}};
+constexpr std::array<Point, 4> spokes{{{22, 22}, {78, 22}, {33, 88}, {67, 88}}};
 constexpr std::array<Point, 4> corners{{{28, 32}, {72, 32}, {26, 72}, {74, 72}}};
 
 /// How far the lowest point of the turned creature lies below the hub.
@@ -91,7 +91,7 @@ void spreadingLeg(const PetPainter& pet, double side, double part) {
 }
 
 void wheelArm(const PetPainter& pet, Side side, double part) {
-    const ArmPose up{mirrored(side, {14, pet.bob + 50}), mirrored(side, {16, pet.bob + 32})};
+    const ArmPose up{mirrored(side, {12, pet.bob + 42}), mirrored(side, {22, pet.bob + 22})};
     drawArm(pet, side, mix(restingArm(pet, side), up, part));
 }
 
