@@ -146,9 +146,11 @@ INSTANTIATE_TEST_SUITE_P(
         Bounds{.routine = kickPebble, .length = 6, .margin = 20}, Bounds{dance}, Bounds{hello},
         Bounds{checkWatch, 6}, Bounds{yoyo},
         // The control points of a rope overhead lie above the rope, and it is swift as it passes the face.
-        Bounds{.routine = skippingRope, .step = 6, .margin = 12},
+        Bounds{.routine = skippingRope, .step = 7, .margin = 12},
         // Hands and feet fly round with a whole turn in less than two seconds.
-        Bounds{.routine = cartwheel, .length = 6, .step = 8}, Bounds{hiccups}
+        Bounds{.routine = cartwheel, .length = 6, .step = 8},
+        // A hic is a jolt of an eighth of a second.
+        Bounds{.routine = hiccups, .step = 6}
     )
 );
 

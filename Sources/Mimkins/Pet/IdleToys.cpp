@@ -79,7 +79,7 @@ void yoyo(PetPainter& pet) {
     pet.armsOnHipsLeftOnly();
     pet.line({hand, at}, Color::grey(0.5), 1.4);
     pet.arm(Side::right, {90, 60}, hand);
-    spool(pet, at, 26 * out);
+    spool(pet, at, 20 * out);
 }
 
 namespace {
