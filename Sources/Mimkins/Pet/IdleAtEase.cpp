@@ -7,7 +7,6 @@
 namespace mimkins::scene {
 
 using namespace idle;
-using tempo::between;
 using tempo::present;
 
 void lookAroundScene(PetPainter& pet) {
