@@ -9,7 +9,6 @@ namespace mimkins::scene {
 
 using namespace idle;
 using tempo::between;
-using tempo::present;
 
 namespace {
 
