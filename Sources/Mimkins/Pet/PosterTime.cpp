@@ -59,21 +59,21 @@ constexpr std::array<Poster, routineCount> posters{{
     {2.0, false}, // beach
     {2.0, false}, // hotTub
     {0.7, false}, // partyDance
-    {2.0, false}, // lookAroundScene
-    {2.0, false}, // stepSideTo
-    {2.0, true},  // stretch
-    {2.0, false}, // whistle
-    {2.0, true},  // bubbleGum
-    {2.0, false}, // juggle
-    {2.0, true},  // sneeze
-    {2.0, true},  // kickPebble
-    {2.0, false}, // dance
-    {2.0, false}, // hello
-    {2.0, true},  // checkWatch
-    {2.0, false}, // yoyo
-    {2.0, false}, // skippingRope
-    {2.0, true},  // cartwheel
-    {2.0, false}, // hiccups
+    {3.2, false}, // lookAroundScene
+    {2.3, false}, // stepSideTo
+    {2.3, true},  // stretch
+    {3.4, false}, // whistle
+    {3.6, true},  // bubbleGum
+    {0.4, false}, // juggle
+    {3.0, true},  // sneeze
+    {1.6, true},  // kickPebble
+    {0.5, false}, // dance
+    {1.2, false}, // hello
+    {2.5, true},  // checkWatch
+    {0.9, false}, // yoyo
+    {0.1, false}, // skippingRope
+    {2.4, true},  // cartwheel
+    {0.3, false}, // hiccups
     {0.6, false}, // ukulele
     {1.3, false}, // meditate
     {0.1, false}, // hulaHoop
