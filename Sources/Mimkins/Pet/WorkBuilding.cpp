@@ -39,30 +39,31 @@ Blow blowAt(double t) {
 
 void anvil(const PetPainter& pet) {
     const Color iron = Color::grey(0.3);
-    pet.rounded(74, 84, 27, 7, 2, iron);
-    pet.polygon({{81, 76}, {94, 76}, {97, 85}, {78, 85}}, iron);
-    pet.rounded(74, 71, 28, 8, 3, iron);
-    pet.rounded(76, 72, 24, 2, 1, Color::white(0.35));
-    pet.rounded(79, 68, 19, 4, 2, Color::named(NamedColor::orange));
+    pet.rounded(74, 84, 25, 7, 2, iron);
+    pet.polygon({{80, 76}, {93, 76}, {96, 85}, {77, 85}}, iron);
+    pet.rounded(73, 71, 27, 8, 3, iron);
+    pet.rounded(75, 72, 23, 2, 1, Color::white(0.35));
+    pet.rounded(77, 67.5, 19, 4.5, 2, Color::named(NamedColor::orange));
 }
 
 /// The handle begins at the hand; `angle` is 0 when it lies flat to the right.
 void heavyHammer(const PetPainter& pet, Point hand, double angle) {
     const PetPainter turned = pet.turned(hand, angle);
-    turned.rounded(hand.x - 5, hand.y - 2, 24, 4, 2, brown);
-    turned.rounded(hand.x + 13, hand.y - 9, 11, 17, 2.5, steel);
-    turned.rounded(hand.x + 13, hand.y + 4.5, 11, 3.5, 1.5, Color::grey(0.75));
-    turned.stroke(Path::roundedRect({hand.x + 13, hand.y - 9, 11, 17}, 2.5), edge, 0.8);
+    turned.rounded(hand.x - 6, hand.y - 2.2, 26, 4.4, 2.2, brown);
+    turned.rounded(hand.x + 13, hand.y - 12, 14, 22, 3, Color::grey(0.55));
+    turned.rounded(hand.x + 13, hand.y + 5.5, 14, 4.5, 2, Color::grey(0.85));
+    turned.rounded(hand.x + 13, hand.y - 12, 14, 4.5, 2, Color::grey(0.85));
+    turned.stroke(Path::roundedRect({hand.x + 13, hand.y - 12, 14, 22}, 3), edge, 1);
 }
 
 void sparks(const PetPainter& pet, Point from, double flown) {
     if (flown < 0) {
         return;
     }
-    constexpr std::array<double, 6> angles{-2.9, -2.45, -1.95, -1.3, -0.75, -0.25};
+    constexpr std::array<double, 6> angles{-2.95, -2.6, -2.2, -0.95, -0.55, -0.2};
     const PetPainter fading = pet.faded(1 - flown * flown);
     for (std::size_t index = 0; index < angles.size(); ++index) {
-        const double near = 6 + 12 * flown;
+        const double near = 9 + 9 * flown;
         const double far = near + 6 * (1 - flown) + 1;
         const Point way{std::cos(angles[index]), std::sin(angles[index])};
         fading.line(
@@ -72,7 +73,7 @@ void sparks(const PetPainter& pet, Point from, double flown) {
     }
 }
 
-constexpr Point cogCenter{80, 60};
+constexpr Point cogCenter{78.5, 57};
 constexpr int cogTeeth = 8;
 
 Path cogOutline(Point center, double inner, double outer, double angle) {
@@ -92,11 +93,11 @@ Path cogOutline(Point center, double inner, double outer, double angle) {
 }
 
 void cog(const PetPainter& pet, double angle, Point crank) {
-    pet.polygon({{76, 60}, {84, 60}, {88, 91}, {72, 91}}, steel);
-    const Path outline = cogOutline(cogCenter, 12.5, 18, angle);
+    pet.polygon({{74.5, 57}, {82.5, 57}, {88, 91}, {69, 91}}, steel);
+    const Path outline = cogOutline(cogCenter, 15, 21, angle);
     pet.fill(outline, Color::white());
     pet.stroke(outline, edge, 1.4);
-    pet.disc(cogCenter, 5.5, pet.colors.accent);
+    pet.disc(cogCenter, 6.5, pet.colors.accent);
     pet.disc(cogCenter, 2.4, darkBrown);
     pet.line({cogCenter, crank}, darkBrown, 3);
 }
@@ -125,11 +126,11 @@ void buttonRays(const PetPainter& pet, double c) {
         return;
     }
     const PetPainter fading = pet.faded(left);
-    for (const double angle : {-2.75, -2.2, -0.94, -0.39}) {
+    for (const double angle : {-2.6, -2.05, -1.1, -0.6}) {
         const Point way{std::cos(angle), std::sin(angle)};
-        const double far = 19 + 7 * grown;
+        const double far = 18 + 6 * grown;
         fading.line(
-            {{81.5 + 18 * way.x, 68 + 18 * way.y}, {81.5 + far * way.x, 68 + far * way.y}},
+            {{80.5 + 17 * way.x, 68 + 17 * way.y}, {80.5 + far * way.x, 68 + far * way.y}},
             Color::named(NamedColor::yellow), 2.8
         );
     }
@@ -146,9 +147,9 @@ void hammer(PetPainter& pet) {
     pet.armDown(Side::left, -2 * blow.swing);
     const PetPainter floor = unshifted(pet);
     anvil(floor);
-    sparks(floor, {88, 69}, blow.sparks);
-    const Point hand{mix(72, 70, blow.swing), mix(38, 61, blow.swing)};
+    const Point hand{mix(70, 66, blow.swing), mix(38, 57, blow.swing)};
     heavyHammer(floor, hand, mix(-130, 4, blow.swing) * radiansPerDegree);
+    sparks(floor, {86, 69}, blow.sparks);
     armTo(pet, Side::right, {mix(78, 66, blow.swing), mix(58, 72, blow.swing)}, hand);
 }
 
@@ -163,7 +164,7 @@ void gear(PetPainter& pet) {
     );
     pet.armsOnHipsLeftOnly();
     const double f = cycleOf(pet.t, 1.9);
-    pet.faded(std::sin(std::numbers::pi * f)).sweatDrop(70, 29 + 12 * f * f + pet.bob);
+    pet.faded(std::sin(std::numbers::pi * f)).sweatDrop(21 - 5 * f, pet.bob + 27 - 6 * f + 14 * f * f);
     cog(unshifted(pet), angle, crank);
     armTo(pet, Side::right, {68, 70}, crank);
 }

@@ -20,8 +20,8 @@ void bowTie(const PetPainter& pet, double y) {
 
 void baton(const PetPainter& pet, Point hand, double angle) {
     const PetPainter turned = pet.turned(hand, angle);
-    turned.line({hand, {hand.x, hand.y - 20}}, edge, 3.4);
-    turned.line({hand, {hand.x, hand.y - 20}}, Color::white(), 2.2);
+    turned.line({hand, {hand.x, hand.y - 24}}, edge, 3.8);
+    turned.line({hand, {hand.x, hand.y - 24}}, Color::white(), 2.4);
     turned.disc({hand.x, hand.y + 2}, 3.4, darkBrown);
 }
 
@@ -38,7 +38,7 @@ void conductor(PetPainter& pet) {
     const Point hand{86 - 3 * lag, pet.bob + 40 - 9 * beat};
     baton(pet, hand, -0.35 + 0.6 * lag);
     pet.arm(Side::right, {92, pet.bob + 58 + 6 * beat}, hand);
-    pet.notes(76, 30);
+    pet.notes(4, 30);
 }
 
 } // namespace mimkins::scene

@@ -48,8 +48,8 @@ void edgedPlane(const PetPainter& pet, Point at, double scale, double angle) {
 }
 
 Point flightPath(double f) {
-    const Point from{87, 38};
-    const Point over{96, 42};
+    const Point from{86, 38};
+    const Point over{92, 41};
     const Point to{97, 6};
     return mix(mix(from, over, f), mix(over, to, f), f);
 }
@@ -60,7 +60,7 @@ void flyingPlane(const PetPainter& pet, double f) {
     const Point before = flightPath(std::max(eased - 0.25, 0.0));
     const double left = 1 - gently(f, 0.75, 1);
     pet.faded(0.6 * left * gently(f, 0.05, 0.2)).line({before, mix(before, at, 0.5)}, pet.colors.accent, 2);
-    edgedPlane(pet.faded(left), at, mix(1.5, 0.5, eased), -0.15 - 0.9 * eased);
+    edgedPlane(pet.faded(left), at, mix(1.7, 0.7, eased), -0.15 - 0.9 * eased);
 }
 
 void horn(const PetPainter& pet, Point mouth, double angle) {
@@ -100,7 +100,7 @@ void planes(PetPainter& pet) {
         flyingPlane(stage, now.flight);
     } else if (now.held > 0) {
         edgedPlane(
-            stage, {now.hand.x + 5, now.hand.y - 4}, 1.5 * now.held, -0.15 + 0.35 * std::min(now.lean, 0.0)
+            stage, {now.hand.x + 5, now.hand.y - 4}, 1.7 * now.held, -0.15 + 0.35 * std::min(now.lean, 0.0)
         );
     }
     armTo(pet, Side::right, {80, 60}, now.hand);
@@ -117,8 +117,10 @@ void megaphone(PetPainter& pet) {
     const PetPainter stage = unshifted(pet);
     const Point mouth{41, pet.mouthLine() + 1.5};
     soundArcs(stage, mouth, angle);
+    const Point hand{57.5, pet.bob + 73};
+    armTo(pet, Side::right, {74, 72}, hand);
     horn(stage, {mouth.x + 0.5 * shout, mouth.y}, angle);
-    armTo(pet, Side::right, {72, 78}, {57.5, pet.bob + 73});
+    stage.disc(hand, 3.6, pet.colors.hand);
 }
 
 } // namespace mimkins::scene

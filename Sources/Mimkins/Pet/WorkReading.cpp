@@ -20,6 +20,12 @@ void page(const PetPainter& pet, double reach, double lift, const Color& color) 
     edgedPolygon(
         pet, {{50, y + 67}, {50 + reach, y + 61 - lift}, {50 + reach, y + 81 - lift}, {50, y + 87}}, color
     );
+    for (const double row : {0.0, 1.0, 2.0}) {
+        const auto place = [&](double share) {
+            return Point{50 + share * reach, y + 70 + 4.6 * row - share * (6 + lift)};
+        };
+        pet.line({place(0.18), place(0.82)}, print, 1.7);
+    }
 }
 
 void cover(const PetPainter& pet) {
@@ -31,15 +37,8 @@ void cover(const PetPainter& pet) {
     pet.stroke(outline, edge, 1.2);
 }
 
-void lines(const PetPainter& pet, double direction) {
-    for (const double row : {0.0, 1.0, 2.0}) {
-        const double y = pet.bob + 70 + 4.6 * row;
-        pet.line({{50 + 4.5 * direction, y - 1}, {50 + 21 * direction, y - 5}}, print, 1.7);
-    }
-}
-
 // The parchment hangs between two rods; the lower one winds up what isn't read.
-constexpr double scrollTop = 62;
+constexpr double scrollTop = 65;
 constexpr double scrollSeconds = 5;
 
 struct Unrolled {
@@ -52,7 +51,7 @@ Unrolled unrolledAt(double t) {
     const double down = 0.35 * gently(c, 0, 0.12) + 0.65 * gently(c, 0.12, 0.5);
     const double up = gently(c, 0.86, 0.92);
     const double bounce = 0.12 * std::sin(std::numbers::pi * gently(c, 0.92, 1));
-    return {8 + 18 * (down * (1 - up) + bounce), gently(c, 0.86, 0.89) * (1 - gently(c, 0.96, 1))};
+    return {8 + 15 * (down * (1 - up) + bounce), gently(c, 0.86, 0.89) * (1 - gently(c, 0.96, 1))};
 }
 
 void rod(const PetPainter& pet, double y, double thickness) {
@@ -87,8 +86,6 @@ void book(PetPainter& pet) {
     cover(pet);
     page(pet, -26, 0, pet.colors.paper);
     page(pet, 26, 0, pet.colors.paper);
-    lines(pet, -1);
-    lines(pet, 1);
     if (turned > 0 && turned < 1) {
         page(pet, 26 * std::cos(std::numbers::pi * turned), 9 * lift, Color::grey(0.97 - 0.12 * lift));
     }
@@ -106,7 +103,7 @@ void scroll(PetPainter& pet) {
         Legs::still, now.surprise > 0.3 ? Eyes::wide() : Eyes::look(scan, 3),
         now.surprise > 0.3 ? Mouth::small : Mouth::flat
     );
-    parchmentSheet(pet, now.length, 11 - 5 * (now.length - 8) / 18);
+    parchmentSheet(pet, now.length, 11 - 5 * (now.length - 8) / 15);
     pet.arm(Side::left, {10, pet.bob + 66}, {25, pet.bob + scrollTop + 0.5});
     pet.arm(Side::right, {90, pet.bob + 66}, {75, pet.bob + scrollTop + 0.5});
 }

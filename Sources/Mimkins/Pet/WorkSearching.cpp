@@ -24,8 +24,9 @@ bool blinks(const PetPainter& pet) {
 
 /// A big round glass with one big eye behind it.
 void glass(const PetPainter& pet, Point center, double glance) {
-    pet.line({{center.x + 11, center.y + 11}, {center.x + 22, center.y + 23}}, brown, 6.5);
-    pet.line({{center.x + 11, center.y + 11}, {center.x + 13.5, center.y + 13.7}}, Color::grey(0.75), 6.5);
+    pet.line({{center.x + 9, center.y + 12}, {center.x + 21, center.y + 28}}, darkBrown, 7.5);
+    pet.line({{center.x + 9, center.y + 12}, {center.x + 21, center.y + 28}}, brown, 5.6);
+    pet.line({{center.x + 9, center.y + 12}, {center.x + 11.4, center.y + 15.2}}, Color::grey(0.8), 6.5);
     pet.disc(center, 15, Color{0.88, 0.96, 1});
     if (blinks(pet)) {
         pet.rounded(center.x - 6, center.y - 1, 12, 4, 2, pet.colors.ink);
@@ -56,9 +57,9 @@ void magnifier(PetPainter& pet) {
     pet.bob = 0.6 * std::sin(2.4 * pet.t);
     pet.standing(Legs::still, Eyes::look(pet.lookAround(), 0), Mouth::small);
     pet.armsOnHipsLeftOnly();
-    const Point center{62 + 1.2 * glance, pet.bob + 46.5};
+    const Point center{61 + 1.2 * glance, pet.bob + 46};
     glass(pet, center, glance);
-    pet.arm(Side::right, {95, pet.bob + 74}, {center.x + 18.5, center.y + 19.5});
+    pet.arm(Side::right, {97, pet.bob + 62}, {center.x + 19.5, center.y + 26});
 }
 
 void binoculars(PetPainter& pet) {

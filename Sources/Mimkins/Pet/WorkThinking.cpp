@@ -15,10 +15,20 @@ void brow(const PetPainter& pet, double x, double outer, double inner, double di
     pet.line({{x - 4 * direction, y + outer}, {x + 4 * direction, y + inner}}, pet.colors.ink, 2.2);
 }
 
+/// A bent arm, drawn as two straight halves.
+void bentArm(const PetPainter& pet, Point shoulder, Point elbow, Point hand) {
+    pet.line({shoulder, elbow, hand}, pet.colors.limb, 5);
+    pet.disc(hand, 3.6, pet.colors.hand);
+}
+
 void handOnChin(const PetPainter& pet, double rub) {
-    pet.curve({26, pet.bob + 60}, {34, pet.bob + 80}, {64, pet.bob + 75}, pet.colors.limb, 5);
-    pet.disc({65, pet.bob + 75}, 3.6, pet.colors.hand);
-    pet.arm(Side::right, {80, pet.bob + 88}, {56 + rub, pet.bob + 67});
+    const double y = pet.bob;
+    bentArm(pet, {24, y + 57}, {26, y + 73}, {70, y + 77});
+    const Point hand{58 + rub, y + 67.5};
+    pet.line({{76, y + 57}, {78.5, y + 73}, hand}, pet.colors.limb, 5);
+    pet.disc(hand, 4.2, pet.colors.hand);
+    pet.line({hand, {hand.x + 2.5, hand.y - 8}}, pet.colors.hand, 3.2);
+    pet.line({hand, {hand.x - 6, hand.y - 1}}, pet.colors.hand, 3.2);
 }
 
 // The idea comes once in twenty seconds, at one of three moments.
@@ -75,7 +85,7 @@ void bulbRays(const PetPainter& pet, Point center, double light) {
     }
     const PetPainter shown = pet.faded(2 * light - 1);
     const double near = 13 + 0.8 * std::sin(6 * pet.t);
-    for (const double angle : {-2.9, -3.5, -2.3, -0.84, -0.24, 0.36}) {
+    for (const double angle : {-3.65, -3.14, -2.63, -0.51, 0.0, 0.51}) {
         const Point way{std::cos(angle), std::sin(angle)};
         shown.line(
             {{center.x + near * way.x, center.y + near * way.y},

@@ -17,11 +17,12 @@ constexpr double sweepRate = 5;
 void broomAbout(const PetPainter& pet, Point hand, double angle, double bend) {
     const PetPainter turned = pet.turned(hand, angle);
     const auto place = [&](double x, double y) { return Point{hand.x + x, hand.y + y}; };
-    turned.line({place(0, -12), place(0, 26)}, brown, 4);
-    edgedPolygon(turned, {place(-5, 26), place(5, 26), place(10 + bend, 40), place(-10 + bend, 40)}, straw);
-    turned.line({place(-1.6, 29), place(-4 + bend, 38)}, brown, 1.2);
-    turned.line({place(1.6, 29), place(4 + bend, 38)}, brown, 1.2);
-    turned.line({place(-4.5, 26.5), place(4.5, 26.5)}, Color::named(NamedColor::red), 3.6);
+    turned.line({place(0, -16), place(0, 30)}, darkBrown, 5.2);
+    turned.line({place(0, -16), place(0, 30)}, brown, 3.6);
+    edgedPolygon(turned, {place(-6, 29), place(6, 29), place(13 + bend, 46), place(-13 + bend, 46)}, straw);
+    turned.line({place(-2, 34), place(-6 + bend, 44)}, brown, 1.5);
+    turned.line({place(2, 34), place(6 + bend, 44)}, brown, 1.5);
+    turned.line({place(-5.5, 30), place(5.5, 30)}, Color::named(NamedColor::red), 4.6);
 }
 
 /// Flies up to the right after each stroke.
@@ -33,8 +34,9 @@ void dustPuffs(const PetPainter& pet) {
     }
     const PetPainter fading = pet.faded(std::sin(std::numbers::pi * gone));
     for (const double i : {0.0, 1.0, 2.0}) {
-        const double far = (5 + 4 * i) * gone;
-        fading.disc({84 + far, 88 - 4 * i - (4 + 5 * i) * gone}, 3 + 1.6 * gone - 0.3 * i, dust);
+        const double far = (3 + 5 * i) * gone;
+        const Point at{83 + 1.5 * i + far, 88 - (12 - 4 * i) * std::sin(2.2 * gone)};
+        fading.disc(at, 4.2 - 0.7 * i + 1.2 * gone, dust);
     }
 }
 
@@ -101,17 +103,17 @@ void specks(const PetPainter& pet, Point nozzle) {
 void broom(PetPainter& pet) {
     const double sweep = std::sin(sweepRate * pet.t);
     const double speed = std::cos(sweepRate * pet.t);
-    pet.shiftX = -10 + 2 * sweep;
+    pet.shiftX = -14 + 2 * sweep;
     pet.bob = -0.9 + 0.9 * std::sin(2 * sweepRate * pet.t);
     pet.standing(Legs::still, Eyes::look(2.5 + 0.8 * sweep, 2.5), Mouth::whistle);
     const PetPainter floor = unshifted(pet);
     dustPuffs(floor);
-    const Point upper{70 + 2.5 * sweep, 48 + pet.bob};
-    const double angle = -0.1 - 0.3 * sweep;
+    const Point upper{70 + 2.5 * sweep, 44 + pet.bob};
+    const double angle = -0.12 - 0.26 * sweep;
     broomAbout(floor, upper, angle, 3 * speed);
-    const Point lower{upper.x - 16 * std::sin(angle), upper.y + 16 * std::cos(angle)};
+    const Point lower{upper.x - 18 * std::sin(angle), upper.y + 18 * std::cos(angle)};
     armTo(pet, Side::right, {76, 60}, upper);
-    armTo(pet, Side::left, {26, 78}, lower);
+    armTo(pet, Side::left, {20, 92}, lower);
 }
 
 void vacuum(PetPainter& pet) {
@@ -121,9 +123,9 @@ void vacuum(PetPainter& pet) {
     pet.bob = 0.5 * std::sin(6 * pet.t);
     const double swallowed = gently(c, 0.46, 0.52);
     const double arrives = gently(c, 0.84, 0.89) * (1 - gently(c, 0.9, 1));
-    const Point nozzle{80 + 4 * push, 88};
+    const Point nozzle{77 + 4 * push, 88};
     const Hose hose{
-        {canister.x + 4, canister.y - 5}, {30, 40}, {72 + 2 * push, 64 + pet.bob}, {nozzle.x, nozzle.y - 1}};
+        {canister.x + 8, canister.y - 3}, {48, 102}, {70 + 2 * push, 63 + pet.bob}, {nozzle.x, nozzle.y - 1}};
     const PetPainter floor = unshifted(pet);
     pet.shadow();
     pet.legs(Legs::still);
@@ -134,14 +136,14 @@ void vacuum(PetPainter& pet) {
     specks(floor, nozzle);
     const double size = gently(c, 0, 0.12) * (1 - swallowed);
     if (size > 0) {
-        const Point at = mix({94, 86}, {nozzle.x + 4, 87}, falling(c, 0.36, 0.5));
-        dustBunny(floor, {at.x + 0.5 * std::sin(20 * pet.t), at.y}, 1.25 * size, gently(c, 0.2, 0.4));
+        const Point at = mix({91, 86}, {nozzle.x + 4, 87}, falling(c, 0.36, 0.5));
+        dustBunny(floor, {at.x + 0.5 * std::sin(20 * pet.t), at.y}, 1.15 * size, gently(c, 0.2, 0.4));
     }
     hoseAndWand(floor, hose);
     if (c > 0.46 && c < 0.86) {
         floor.disc(along(hose, (c - 0.46) / 0.4), 4.6 * gently(c, 0.46, 0.52), Color::grey(0.32));
     }
-    armTo(pet, Side::left, {30, 76}, along(hose, 0.6));
+    pet.armsOnHipsLeftOnly();
     armTo(pet, Side::right, {84, 70}, hose.hand);
 }
 

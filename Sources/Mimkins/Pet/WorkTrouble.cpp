@@ -1,6 +1,7 @@
 #include "Pet/WorkMotion.h"
 #include "Pet/WorkScenes.h"
 
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -14,15 +15,22 @@ void slidingDrop(const PetPainter& pet, double x, double y, double f) {
     pet.faded(std::sin(std::numbers::pi * f)).sweatDrop(x, y + 12 * f * f);
 }
 
-/// A hand as broad as the face, seen from its back.
-void broadHand(const PetPainter& pet, Point center) {
-    const Color gap = pet.colors.limb;
-    const PetPainter turned = pet.turned(center, -0.12);
-    turned.rounded(center.x - 17, center.y - 9, 34, 18, 8, pet.colors.hand);
-    turned.stroke(Path::roundedRect({center.x - 17, center.y - 9, 34, 18}, 8), gap, 1.6);
-    for (const double row : {-4.2, 0.2, 4.6}) {
-        turned.line({{center.x - 16, center.y + row}, {center.x - 1, center.y + row}}, gap, 1.5);
+void fingers(const PetPainter& pet, Point palm, const Color& color, double width) {
+    constexpr std::array<double, 4> tips{-20, -23, -22.5, -19};
+    for (std::size_t index = 0; index < tips.size(); ++index) {
+        const double y = palm.y - 7.8 + 5.2 * static_cast<double>(index);
+        pet.line({{palm.x - 2, y}, {palm.x + tips[index], y}}, color, width);
     }
+    pet.line({{palm.x + 3, palm.y - 7}, {palm.x - 3, palm.y - 14.5}}, color, width + 0.4);
+}
+
+/// A hand as broad as the face, seen from its back, the fingers to the left.
+void broadHand(const PetPainter& pet, Point palm) {
+    const PetPainter turned = pet.turned(palm, -0.1);
+    fingers(turned, palm, pet.colors.limb, 6.6);
+    turned.rounded(palm.x - 7, palm.y - 11.2, 21, 22.4, 8, pet.colors.limb);
+    fingers(turned, palm, pet.colors.hand, 4.4);
+    turned.rounded(palm.x - 6, palm.y - 10, 19, 20, 7, pet.colors.hand);
 }
 
 } // namespace
@@ -37,12 +45,12 @@ void scratchHead(PetPainter& pet) {
     pet.line({{36, pet.eyeLine() - 4}, {44, pet.eyeLine() - 6.5}}, pet.colors.ink, 2.2);
     pet.line({{56, pet.eyeLine() - 7 + busy}, {64, pet.eyeLine() - 5 + busy}}, pet.colors.ink, 2.2);
     pet.armsOnHipsLeftOnly();
-    slidingDrop(pet, 28, pet.bob + 33, cycleOf(pet.t, 2.2));
+    slidingDrop(pet, 16.5, pet.bob + 32, cycleOf(pet.t, 2.2));
     const Point hand{66 + 3.2 * scratch, pet.bob + pet.squash + 25 - 2 * (1 - busy)};
     pet.arm(Side::right, {104, pet.bob + 26}, hand);
     for (const double x : {-3.0, 0.0, 3.0}) {
         pet.faded(busy).line(
-            {{hand.x + x - 1, hand.y - 6}, {hand.x + 1.5 * x - 1.5, hand.y - 10}}, pet.colors.limb, 1.8
+            {{hand.x + x - 1, hand.y - 6}, {hand.x + 1.5 * x - 1.5, hand.y - 10}}, pet.colors.limb, 2.2
         );
     }
 }
@@ -58,12 +66,12 @@ void facepalm(PetPainter& pet) {
     pet.shadow();
     pet.legs(Legs::still);
     pet.torso();
-    const double y = pet.mouthLine() + 2;
+    const double y = pet.mouthLine() + 3;
     pet.curve({44, y + 2}, {50, y - 4}, {56, y + 2}, pet.colors.ink, 2.4);
     pet.armDown(Side::left);
-    const Point palm{51, pet.eyeLine() + 5 - 2 * away};
+    const Point palm{57, pet.eyeLine() + 5 - 2 * away};
     broadHand(pet, palm);
-    pet.curve(pet.shoulder(Side::right), {98, pet.bob + 66}, {palm.x + 17, palm.y}, pet.colors.limb, 5.5);
+    pet.curve(pet.shoulder(Side::right), {98, pet.bob + 66}, {palm.x + 13, palm.y + 1}, pet.colors.limb, 5.5);
 }
 
 } // namespace mimkins::scene

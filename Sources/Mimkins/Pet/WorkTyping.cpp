@@ -126,7 +126,7 @@ void pencil(PetPainter& pet) {
     writtenPage(stand, writing);
     pencilWithTip(stand, writing.tip);
     const Point hand{writing.tip.x + 3.2, writing.tip.y - 9};
-    armTo(pet, Side::right, {mix(66, hand.x, 0.5), 76}, hand);
+    armTo(pet, Side::right, {mix(65, hand.x, 0.5), mix(56, hand.y, 0.5) + 7}, hand);
 }
 
 } // namespace mimkins::scene
