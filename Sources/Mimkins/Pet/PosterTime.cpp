@@ -17,8 +17,8 @@ constexpr std::array<Poster, routineCount> posters{{
     {2.9, false},  // pencil
     {0.36, false}, // hammer
     {2.35, false}, // gear
-    {0.95, false}, // bigButton
-    {2.05, false}, // book
+    {0.88, false}, // bigButton
+    {1.98, false}, // book
     {3.4, false},  // scroll
     {3.5, false},  // magnifier
     {2.2, false},  // binoculars

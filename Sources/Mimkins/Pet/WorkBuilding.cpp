@@ -38,7 +38,7 @@ Blow blowAt(double t) {
 }
 
 void anvil(const PetPainter& pet) {
-    const Color iron = Color::grey(0.3);
+    const Color iron = Color::grey(0.36);
     pet.rounded(74, 84, 25, 7, 2, iron);
     pet.polygon({{80, 76}, {93, 76}, {96, 85}, {77, 85}}, iron);
     pet.rounded(73, 71, 27, 8, 3, iron);
@@ -63,7 +63,7 @@ void sparks(const PetPainter& pet, Point from, double flown) {
     constexpr std::array<double, 6> angles{-2.95, -2.6, -2.2, -0.95, -0.55, -0.2};
     const PetPainter fading = pet.faded(1 - flown * flown);
     for (std::size_t index = 0; index < angles.size(); ++index) {
-        const double near = 9 + 9 * flown;
+        const double near = 9 + (index < 3 ? 9 : 3) * flown;
         const double far = near + 6 * (1 - flown) + 1;
         const Point way{std::cos(angles[index]), std::sin(angles[index])};
         fading.line(

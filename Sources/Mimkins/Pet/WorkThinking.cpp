@@ -15,20 +15,20 @@ void brow(const PetPainter& pet, double x, double outer, double inner, double di
     pet.line({{x - 4 * direction, y + outer}, {x + 4 * direction, y + inner}}, pet.colors.ink, 2.2);
 }
 
-/// A bent arm, drawn as two straight halves.
-void bentArm(const PetPainter& pet, Point shoulder, Point elbow, Point hand) {
-    pet.line({shoulder, elbow, hand}, pet.colors.limb, 5);
-    pet.disc(hand, 3.6, pet.colors.hand);
-}
-
-void handOnChin(const PetPainter& pet, double rub) {
+/// One hand on the chin and the other under its elbow. As far as an idea has `raised` it, the first goes up
+/// with its finger ahead, and the other to the hip.
+void thinkingArms(const PetPainter& pet, double rub, double raised) {
     const double y = pet.bob;
-    bentArm(pet, {24, y + 57}, {26, y + 73}, {70, y + 77});
-    const Point hand{58 + rub, y + 67.5};
-    pet.line({{76, y + 57}, {78.5, y + 73}, hand}, pet.colors.limb, 5);
+    const auto pose = [&](Point thinking, Point pointing) {
+        const Point at = mix(thinking, pointing, raised);
+        return Point{at.x, at.y + y};
+    };
+    pet.arm(Side::left, pose({17, 80}, {12, 63}), pose({69, 73.5}, {26, 68}));
+    const Point hand = pose({58 + rub, 67}, {88, 34 + rub});
+    pet.arm(Side::right, pose({97, 79}, {90, 56}), hand);
     pet.disc(hand, 4.2, pet.colors.hand);
-    pet.line({hand, {hand.x + 2.5, hand.y - 8}}, pet.colors.hand, 3.2);
-    pet.line({hand, {hand.x - 6, hand.y - 1}}, pet.colors.hand, 3.2);
+    pet.line({hand, {hand.x + 2, hand.y - 8.5}}, pet.colors.hand, 3.2);
+    pet.line({hand, {hand.x - 6 + 4 * raised, hand.y - 1}}, pet.colors.hand, 3.2);
 }
 
 // The idea comes once in twenty seconds, at one of three moments.
@@ -37,19 +37,21 @@ constexpr double ideaEnds = 15;
 constexpr std::uint64_t ideaSalt = 25;
 
 struct Idea {
-    double since = -1; ///< seconds since it came, below 0 before
+    double since = -1; ///< seconds since it came, below 0 without one
     double light = 0;
+    double raised = 0; ///< how far the hand went up for it
 };
 
 Idea ideaAt(const PetPainter& pet) {
     const SlotChoice choice = pet.choose(3, ideaEvery, ideaSalt);
     const double comes = 3 + 2 * choice.index;
-    const double since = choice.phase < ideaEnds ? choice.phase - comes : -1;
-    const double flicker = 0.35 * gently(choice.phase, comes - 1, comes - 0.9) *
-                           (1 - gently(choice.phase, comes - 0.8, comes - 0.65));
-    const double steady =
-        gently(choice.phase, comes, comes + 0.12) * (1 - gently(choice.phase, ideaEnds - 0.5, ideaEnds));
-    return {since, flicker + steady};
+    const double since = choice.phase - comes;
+    // A first flicker that comes to nothing, and then the idea.
+    const double flicker = 0.35 * gently(since, -1, -0.9) * (1 - gently(since, -0.8, -0.65));
+    const double fading = 1 - gently(choice.phase, ideaEnds - 0.5, ideaEnds);
+    return {
+        choice.phase < ideaEnds ? since : -1, flicker + gently(since, 0, 0.12) * fading,
+        gently(since, 0.05, 0.35) * fading};
 }
 
 Color blend(const Color& from, const Color& to, double share) {
@@ -59,10 +61,10 @@ Color blend(const Color& from, const Color& to, double share) {
 }
 
 void bulb(const PetPainter& pet, Point center, double light) {
-    const Color glow{1, 0.88, 0.3, 0.75};
+    const Color glow{1, 0.88, 0.3, 0.6};
     const Color glassColor = blend(Color::grey(0.8), {1, 0.85, 0.2}, light);
     if (light > 0) {
-        pet.faded(light).disc(center, 21, RadialGradient{{glow, glow.faded(0)}, center, 8, 21});
+        pet.faded(light).disc(center, 18, RadialGradient{{glow, glow.faded(0)}, center, 7, 18});
     }
     pet.rounded(center.x - 4, center.y + 6, 8, 9, 2.5, Color::grey(0.45));
     pet.line({{center.x - 3.5, center.y + 11}, {center.x + 3.5, center.y + 11}}, Color::grey(0.75), 1.4);
@@ -95,25 +97,18 @@ void bulbRays(const PetPainter& pet, Point center, double light) {
     }
 }
 
-void thinker(PetPainter& pet) {
-    pet.squash = 3;
-    pet.bob = 2 + 0.6 * std::sin(1.2 * pet.t);
-    pet.standing(Legs::still, Eyes::look(pet.lookAround(), -2), Mouth::flat);
-    handOnChin(pet, 0.8 * std::sin(2.4 * pet.t));
+Eyes thinkingEyes(const PetPainter& pet, double since) {
+    if (since < 0) {
+        return Eyes::look(pet.lookAround(), -2);
+    }
+    return since < 1.4 ? Eyes::wide() : Eyes::happy();
 }
 
-void inventor(PetPainter& pet, double since) {
-    const double jump = std::sin(std::numbers::pi * gently(since, 0, 0.5));
-    const double raised = gently(since, 0.05, 0.35);
-    pet.squash = 3 * (1 - raised);
-    pet.bob = 3 - 3 * jump;
-    const Eyes eyes = since < 1.4 ? Eyes::wide() : Eyes::happy();
-    pet.standing(Legs::still, eyes, Mouth::open);
-    pet.armsOnHipsLeftOnly();
-    const double beat = 2 * std::sin(6 * since) * raised;
-    const Point hand = mix({56, pet.bob + 67}, {88, pet.bob + 34 + beat}, raised);
-    pet.line({hand, {hand.x + 1, hand.y - 8 * raised}}, pet.colors.hand, 3.2);
-    pet.arm(Side::right, {mix(80, 90, raised), pet.bob + mix(88, 56, raised)}, hand);
+Mouth thinkingMouth(double since) {
+    if (since < 0) {
+        return Mouth::flat;
+    }
+    return since < 2.4 ? Mouth::open : Mouth::smile;
 }
 
 } // namespace
@@ -129,7 +124,7 @@ void chin(PetPainter& pet) {
     brow(pet, 40 + 0.5 * glance, -1.5, -0.5, 1);
     brow(pet, 60 + 0.5 * glance, 0.5 - nod, -2.5 - nod, -1);
     pet.line({{45, pet.mouthLine()}, {52, pet.mouthLine() - 1.2}}, pet.colors.ink, 2.2);
-    handOnChin(pet, 1.1 * std::sin(3.6 * pet.t));
+    thinkingArms(pet, 1.1 * std::sin(3.6 * pet.t), 0);
     pet.thoughtDots();
 }
 
@@ -154,11 +149,10 @@ void pace(PetPainter& pet) {
 
 void lightbulb(PetPainter& pet) {
     const Idea idea = ideaAt(pet);
-    if (idea.since < 0) {
-        thinker(pet);
-    } else {
-        inventor(pet, idea.since);
-    }
+    pet.squash = 3 * (1 - idea.raised);
+    pet.bob = 2 + 0.6 * std::sin(1.2 * pet.t) - 3 * std::sin(std::numbers::pi * gently(idea.since, 0, 0.5));
+    pet.standing(Legs::still, thinkingEyes(pet, idea.since), thinkingMouth(idea.since));
+    thinkingArms(pet, mix(0.8, 2, idea.raised) * std::sin(3.6 * pet.t), idea.raised);
     const Point center{50, 10.5 + 0.7 * std::sin(2 * pet.t)};
     bulb(pet, center, idea.light);
     bulbRays(pet, center, idea.light);

@@ -111,9 +111,8 @@ void broom(PetPainter& pet) {
     const Point upper{70 + 2.5 * sweep, 44 + pet.bob};
     const double angle = -0.12 - 0.26 * sweep;
     broomAbout(floor, upper, angle, 3 * speed);
-    const Point lower{upper.x - 18 * std::sin(angle), upper.y + 18 * std::cos(angle)};
     armTo(pet, Side::right, {76, 60}, upper);
-    armTo(pet, Side::left, {20, 92}, lower);
+    pet.armDown(Side::left, -2 - 3 * sweep);
 }
 
 void vacuum(PetPainter& pet) {
@@ -136,7 +135,7 @@ void vacuum(PetPainter& pet) {
     specks(floor, nozzle);
     const double size = gently(c, 0, 0.12) * (1 - swallowed);
     if (size > 0) {
-        const Point at = mix({91, 86}, {nozzle.x + 4, 87}, falling(c, 0.36, 0.5));
+        const Point at = mix({89.5, 86}, {nozzle.x + 4, 87}, falling(c, 0.36, 0.5));
         dustBunny(floor, {at.x + 0.5 * std::sin(20 * pet.t), at.y}, 1.15 * size, gently(c, 0.2, 0.4));
     }
     hoseAndWand(floor, hose);

@@ -71,7 +71,10 @@ void facepalm(PetPainter& pet) {
     pet.armDown(Side::left);
     const Point palm{57, pet.eyeLine() + 5 - 2 * away};
     broadHand(pet, palm);
-    pet.curve(pet.shoulder(Side::right), {98, pet.bob + 66}, {palm.x + 13, palm.y + 1}, pet.colors.limb, 5.5);
+    Path folded;
+    folded.move({76, pet.bob + 58});
+    folded.addCurve({palm.x + 12, palm.y + 1}, {91, pet.bob + 73}, {96, pet.bob + 46});
+    pet.stroke(folded, pet.colors.limb, 5.5);
 }
 
 } // namespace mimkins::scene
