@@ -74,15 +74,16 @@ void sparks(const PetPainter& pet, Point from, double flown) {
 }
 
 constexpr Point cogCenter{78.5, 57};
-constexpr int cogTeeth = 8;
+constexpr std::size_t cogTeeth = 8;
 
 Path cogOutline(Point center, double inner, double outer, double angle) {
-    constexpr double step = 2 * std::numbers::pi / cogTeeth; // 45 degrees
+    constexpr double step = std::numbers::pi / 4; // eight teeth, 45 degrees apart
     std::array<Point, 4 * cogTeeth> points;
     for (std::size_t index = 0; index < points.size(); ++index) {
         constexpr std::array<double, 4> shifts{-0.29, -0.19, 0.19, 0.29};
+        const std::size_t tooth = index / 4;
         const std::size_t corner = index % 4;
-        const double at = angle + step * static_cast<double>(index / 4) + shifts[corner];
+        const double at = angle + step * static_cast<double>(tooth) + shifts[corner];
         const double radius = corner == 0 || corner == 3 ? inner : outer;
         points[index] = {center.x + radius * std::cos(at), center.y + radius * std::sin(at)};
     }
