@@ -14,25 +14,25 @@ struct Poster {
 /// In the order of `Routine`.
 constexpr std::array<Poster, routineCount> posters{{
     {2.0, false}, // laptop
-    {2.0, false}, // pencil
-    {2.0, false}, // hammer
-    {2.0, false}, // gear
-    {2.0, false}, // bigButton
-    {2.0, false}, // book
-    {2.0, false}, // scroll
-    {2.0, false}, // magnifier
-    {2.0, false}, // binoculars
-    {2.0, false}, // planes
-    {2.0, false}, // megaphone
-    {2.0, false}, // chin
-    {2.0, false}, // pace
+    {2.9, false}, // pencil
+    {0.36, false}, // hammer
+    {2.35, false}, // gear
+    {0.88, false}, // bigButton
+    {1.98, false}, // book
+    {3.4, false}, // scroll
+    {3.5, false}, // magnifier
+    {2.2, false}, // binoculars
+    {1.0, false}, // planes
+    {0.3, false}, // megaphone
+    {1.7, false}, // chin
+    {0.4, false}, // pace
     {2.0, false}, // thoughtDots
-    {2.0, false}, // lightbulb
-    {2.0, false}, // broom
-    {2.0, false}, // vacuum
-    {2.0, false}, // scratchHead
-    {2.0, false}, // facepalm
-    {2.0, false}, // conductor
+    {10.6, false}, // lightbulb
+    {1.05, false}, // broom
+    {1.6, false}, // vacuum
+    {0.42, false}, // scratchHead
+    {1.4, false}, // facepalm
+    {0.7, false}, // conductor
     {1.1, false}, // bothArmsWave
     {0.3, false}, // impatient
     {0.6, false}, // jumpWave
