@@ -509,7 +509,9 @@ case $now in
     [1-9]???????????????) now=${seed%???} exact=1 clock='' ;;
     *) tellTimeByUptime ;;
     esac
-    [ -n "$now" ] && [ "$ts" -le "$now" ] || tellTime
+    if [ -z "$now" ] || [ "$ts" -gt "$now" ]; then
+        tellTime
+    fi
     ;;
 esac
 
