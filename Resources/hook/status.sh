@@ -4,7 +4,7 @@
 # Documentation/hook-events.md.
 #
 # It needs a POSIX shell, any awk, date and mv. It always reads its input to the end, prints nothing, starts
-# nothing that outlives it, and ends with 0 whatever happens.
+# nothing that outlives it, and ends with 0, save for what Documentation/hook-events.md says of its last step.
 
 # shellcheck disable=SC1010,SC1083,SC2016,SC3028 # "done" is a state, a brace and awk's $ are meant literally
 
@@ -29,14 +29,14 @@ if [ ! -d "$sessions" ] || [ ! -w "$sessions" ]; then
 fi
 
 # Reads the document and prints what the rest of the script needs, one "=" and value to a line: the name of
-# the record's file, event, kind of event, tool, detail, model, effort, and the members of the record that
-# depend on nothing else. Values are JSON text. Prints nothing for an event that leaves the record alone, and
+# the record's file, event, kind of event, tool, detail, model, effort, the members of the record that depend on
+# nothing else, and the time as awk knows it. Values are JSON text. Prints nothing for an event that leaves the record alone, and
 # for a document that is cut off or is no object.
 #
 # The input is split at its quotes, so that each record is either what stands between two strings or a piece
 # of a string that ends at a quote. That keeps the work linear in the input whichever awk runs it: no string
 # is ever taken apart character by character unless it is short and wanted.
-reader='
+facts=$(awk '
 BEGIN {
     RS = "\""
     limit = 8192
@@ -124,9 +124,14 @@ function closersIn(s,    half) {
 # (role): 1 and 2 are a key and a value of the document itself, 3 and 4 of an object in it that is wanted
 # (outer).
 function between(s,    closers, depthBefore, last, openers) {
-    s = withoutSpace(s)
-    openers = openersIn(s)
-    closers = closersIn(s)
+    if (s == ": ") s = ":"
+    if (s == ", ") s = ","
+    openers = closers = 0
+    if (s != ":" && s != ",") {
+        s = withoutSpace(s)
+        openers = openersIn(s)
+        closers = closersIn(s)
+    }
     if (depth && openers && closers >= depth) {
         match(s, /[{]|\[/)
         if (closersIn(substr(s, 1, RSTART - 1)) >= depth) bad = 1
@@ -178,39 +183,41 @@ function endString(    i) {
     if (key == "tool_input") for (i = 1; i <= inputs; i++) delete value["tool_input." input[i]]
 }
 
+# These two give their patterns as text, which some awks compile only where it is used.
+
 # JSON text in one normal form, in which a backslash pair is the one character 001, printable ASCII is
 # written as itself and half a surrogate pair is U+FFFD. Empty if it has control characters, wrong escapes or
 # bad UTF-8.
 function plain(s,    hex, i, n, piece, rest, sign, tail) {
     if (nul != "" && index(s, nul)) return ""
     if (s !~ /[\001-\037\177-\377]/ && !index(s, "\\")) return s
-    if (s ~ /[\001-\037]/) return ""
-    if (s ~ /[\200-\377]/) {
+    if (s ~ "[\001-\037]") return ""
+    if (s ~ "[\200-\377]") {
         rest = s
         tail = "[\200-\277]"
         gsub("[\302-\337]" tail "|\340[\240-\277]" tail "|[\341-\354\356\357]" tail tail \
             "|\355[\200-\237]" tail "|\360[\220-\277]" tail tail "|[\361-\363]" tail tail tail \
             "|\364[\200-\217]" tail tail, "", rest)
-        if (rest ~ /[\200-\377]/) return ""
+        if (rest ~ "[\200-\377]") return ""
     }
     if (!index(s, "\\")) return s
-    gsub(/\\\\/, "\001", s)
+    gsub("\\\\\\\\", "\001", s)
     hex = "[0-9a-fA-F]"
     rest = s
     gsub("\\\\[\"/bfnrt]|\\\\u" hex hex hex hex, "", rest)
     if (index(rest, "\\")) return ""
-    gsub(/\\\//, "/", s)
-    if (s !~ /\\u/) return s
-    gsub(/\\u0009/, "\\t", s)
-    gsub(/\\u000[aA]/, "\\n", s)
-    gsub(/\\u000[dD]/, "\\r", s)
-    while (match(s, /\\u00[2-7][0-9a-fA-F]/)) {
+    gsub("\\\\/", "/", s)
+    if (!index(s, "\\u")) return s
+    gsub("\\\\u0009", "\\t", s)
+    gsub("\\\\u000[aA]", "\\n", s)
+    gsub("\\\\u000[dD]", "\\r", s)
+    while (match(s, "\\\\u00[2-7]" hex)) {
         sign = 16 * substr(s, RSTART + 4, 1) - 1
         sign += index("0123456789abcdef", tolower(substr(s, RSTART + 5, 1)))
         sign = (sign == 34) ? "\\\"" : (sign == 92) ? "\001" : sprintf("%c", sign)
         s = substr(s, 1, RSTART - 1) sign substr(s, RSTART + 6)
     }
-    if (s !~ /\\u[dD][89a-fA-F]/) return s
+    if (s !~ "\\\\u[dD][89a-fA-F]") return s
     gsub("\\\\u[dD][89abAB]" hex hex "\\\\u[dD][c-fC-F]" hex hex, "\002&", s)
     n = split(s, piece, "\002")
     for (i = 1; i <= n; i++) {
@@ -253,11 +260,10 @@ function shortened(s, most,    at, n, sign) {
     at = 1
     for (n = 0; n < most && at <= length(s); n++) {
         sign = substr(s, at, 4)
-        if (sign ~ /^\\u[dD][89abAB]/ || sign ~ /^\\u[dD]/ && substr(s, at + 3, 1) ~ /[89abAB]/) at += 12
-        else if (sign ~ /^\\u/) at += 6
-        else if (sign ~ /^\\/ || sign ~ /^[\300-\337]/) at += 2
-        else if (sign ~ /^[\340-\357]/) at += 3
-        else if (sign ~ /^[\360-\367]/) at += 4
+        if (substr(sign, 1, 2) == "\\u") at += (sign ~ "[dD][89abAB]$") ? 12 : 6
+        else if (substr(sign, 1, 1) == "\\" || sign ~ "^[\300-\337]") at += 2
+        else if (sign ~ "^[\340-\357]") at += 3
+        else if (sign ~ "^[\360-\367]") at += 4
         else at++
     }
     return substr(s, 1, at - 1)
@@ -340,17 +346,17 @@ END {
     print "=" restored(whole("model", 256))
     print "=" restored(whole("effort.level", 256))
     print "=" members
+    srand()
+    printf "=%.0f\n", srand()
 }
-'
-
-facts=$(awk "$reader") || cat
+') || cat
 set -f
 IFS='
 '
 # shellcheck disable=SC2086 # the words are the lines
 set -- $facts
-[ $# -eq 8 ] || exit 0
-name=${1#=} event=${2#=} kind=${3#=} tool=${4#=} detail=${5#=} model=${6#=} effort=${7#=} members=${8#=}
+[ $# -eq 9 ] || exit 0
+name=${1#=} event=${2#=} kind=${3#=} tool=${4#=} detail=${5#=} model=${6#=} effort=${7#=} members=${8#=} seed=${9#=}
 record=$sessions/$name.json
 temporary=$sessions/.$name.$$.tmp
 if [ -d "$record" ]; then
@@ -362,96 +368,180 @@ if [ "$event" = SessionEnd ]; then
     exit 0
 fi
 
-# The time in milliseconds: from the shell where it has a clock, else from date, which has the fraction only
-# in some of its versions. A clock goes on after the assignment; a variable that was inherited is empty.
-EPOCHREALTIME=
-now=$EPOCHREALTIME
-case $now in
-*[.,]??????)
-    fraction=${now#*[.,]}
-    now=${now%%[.,]*}${fraction%???}
-    ;;
-*) now=$(date +%s%3N) ;;
-esac
-case $now in
-*[!0-9]* | ?????????????????* | '') now=$(date +%s)000 ;;
-esac
-case $now in
-0*) exit 0 ;;
-esac
-
-# kept LINE NAME sets `value` to the JSON text of a member of the former record. The search can't be misled by
-# the text of another member: inside a string no quote stands without a backslash before it.
-kept() {
-    value=
-    case $1 in
-    *[{,]\""$2"\":*) value=${1#*[{,]\""$2"\":} ;;
-    *) return 0 ;;
-    esac
-    case $value in
-    \"*)
-        value=${value#\"}
-        value=${value%%\",\"*}
-        value=${value%\}}
-        value=${value%\"}
-        ;;
-    *)
-        value=${value%%[!0-9]*}
-        case $value in
-        0* | ????????????????*) value= ;;
+# endsOpen PIECE: whether it ends in an odd number of backslashes, so that the quote behind it is part of the
+# string.
+endsOpen() {
+    run=${1##*[!\\]}
+    while :; do
+        case $run in
+        \\\\*) run=${run#??} ;;
+        \\) return 0 ;;
+        *) return 1 ;;
         esac
-        ;;
+    done
+}
+
+# What the former record says, as JSON text. What each event needs stands in its first line, and in the second
+# what some need. The text is split at its quotes, as searching it for each member costs the square of its length.
+first='' second='' ts='' was='' since='' wasTool='' wasDetail='' wasNotification='' before='' beforeSince=''
+title='' wasModel='' wasEffort='' clock=''
+if [ -f "$record" ]; then
+    case $event in
+    PermissionRequest | Notification | SessionStart) { read -r first && read -r second; } <"$record" ;;
+    *) read -r first <"$record" ;;
+    esac
+fi
+IFS='"'
+key='' text='' inside=''
+for piece in $first$second; do
+    if [ -z "$inside" ]; then
+        inside=1 text=''
+        case $piece in
+        :) continue ;;
+        :[1-9]*)
+            text=${piece#:}
+            text=${text%%[!0-9]*}
+            [ ${#text} -gt 15 ] || case $key in
+            since) since=$text ;;
+            ts) ts=$text ;;
+            beforeSince) beforeSince=$text ;;
+            esac
+            text=''
+            ;;
+        esac
+        key=''
+        continue
+    fi
+    text=$text$piece
+    case $piece in
+    *\\) if endsOpen "$piece"; then
+        text=$text\"
+        continue
+    fi ;;
+    esac
+    inside=''
+    case $key in
+    '') key=$text ;;
+    state) was=$text ;;
+    tool) wasTool=$text ;;
+    detail) wasDetail=$text ;;
+    notification) wasNotification=$text ;;
+    before) before=$text ;;
+    model) wasModel=$text ;;
+    effort) wasEffort=$text ;;
+    title) title=$text ;;
+    clock) clock=$text ;;
+    esac
+done
+: "${ts:=0}"
+
+# readUptime sets `uptime` to the milliseconds since the machine started, in steps of ten; to nothing where the
+# system doesn't tell them.
+readUptime() {
+    read -r uptime </proc/uptime || uptime=''
+    uptime=${uptime%% *}
+    case $uptime in
+    0* | *[!0-9.]* | *.*.* | ?????????????*) uptime='' ;;
+    *.[0-9][0-9]) uptime=${uptime%.*}${uptime#*.}0 ;;
+    *) uptime='' ;;
     esac
 }
 
-# What the former record says. What is needed each time stands in its first line; the second has the detail.
-first='' second='' was='' since='' wasTool='' wasNotification='' before='' beforeSince='' title=''
-if [ -f "$record" ]; then
-    case $event in
-    Notification | SessionStart) { read -r first && read -r second; } <"$record" ;;
-    *) read -r first <"$record" ;;
+# tellTime sets `now` to the time in milliseconds by date, which has the fraction only in some of its versions.
+# `clock` gets what the next event may tell the time by without starting a program: the time at which the
+# machine started, never too late and by no more than 20 ms too early, and the second of this reading. The record
+# has the program that moved it there as a third word.
+tellTime() {
+    [ -z "$exact" ] || return 0
+    exact=1 clock=''
+    readUptime
+    earlier=$uptime
+    now=$(date +%s%3N)
+    readUptime
+    case $now in
+    *[!0-9]* | ?????????????????* | '') now=$(date +%s)000 ;;
+    ?????????????) [ -z "$uptime" ] || [ "$uptime" != "$earlier" ] || clock="$((now - uptime - 10)) ${now%???}" ;;
     esac
-    kept "$first" ts
-    ts=${value:-0}
-    kept "$first" since
-    since=$value
-    kept "$first" state
-    was=$value
-    if [ -z "$since" ] || [ "$ts" -gt $((now + 10000)) ]; then
-        was='' since=''
-    elif [ "$ts" -gt "$now" ]; then
-        exit 0
+    case $now in
+    0* | *[!0-9]*) exit 0 ;;
+    esac
+}
+
+# tellTimeByUptime sets `now` from the former record's clock, if that was read in the last five minutes and
+# agrees with the second that awk has read; else it leaves `now` empty. As the former event was before the
+# present one, a time that is less than the clock's error before it is put off to it.
+tellTimeByUptime() {
+    now=''
+    case $clock in
+    [1-9]*' '[1-9]*' mv' | [1-9]*' '[1-9]*' busybox') ;;
+    *) return 0 ;;
+    esac
+    mover=${clock##* } clock=${clock% *}
+    started=${clock% *} read=${clock#* }
+    case $started$read$seed in
+    *[!0-9]* | ??????????????????????????????????*) return 0 ;;
+    esac
+    if [ "$seed" -lt "$read" ] || [ "$seed" -gt $((read + 300)) ]; then
+        return 0
     fi
+    readUptime
+    [ -z "$uptime" ] || now=$((started + uptime))
+    if [ "${now%???}" != "$seed" ]; then
+        now=''
+    elif [ "$now" -lt "$ts" ] && [ "$ts" -le $((now + 20)) ]; then
+        now=$ts
+    fi
+}
+
+# A clock of the shell goes on after the assignment; a variable that was inherited is empty.
+EPOCHREALTIME=
+now=$EPOCHREALTIME exact=1
+case $now in
+*[.,]??????)
+    fraction=${now#*[.,]}
+    now=${now%%[.,]*}${fraction%???} clock=''
+    ;;
+*)
+    exact='' now=''
+    case $seed in
+    *[!0-9]*) ;;
+    [1-9]??????????????????) now=${seed%??????} exact=1 clock='' ;;
+    [1-9]???????????????) now=${seed%???} exact=1 clock='' ;;
+    *) tellTimeByUptime ;;
+    esac
+    if [ -z "$now" ] || [ "$ts" -gt "$now" ]; then
+        tellTime
+    fi
+    ;;
+esac
+
+if [ -z "$since" ] || [ "$ts" -gt $((now + 10000)) ]; then
+    was=''
+elif [ "$ts" -gt "$now" ]; then
+    exit 0
 fi
-if [ -n "$was" ]; then
-    kept "$first" tool
-    wasTool=$value
-    kept "$first" notification
-    wasNotification=$value
-    kept "$first" before
-    before=$value
-    kept "$first" beforeSince
-    beforeSince=$value
-    if [ "$event$kind" != SessionStartstartup ] && [ "$event$kind" != SessionStartclear ]; then
-        kept "$first" title
-        title=$value
-        kept "$first" model
-        model=${model:-$value}
-        kept "$first" effort
-        effort=${effort:-$value}
-    fi
+if [ -z "$was" ]; then
+    since='' wasTool='' wasDetail='' wasNotification='' before='' beforeSince='' title='' wasModel='' wasEffort=''
+fi
+if [ "$event$kind" = SessionStartstartup ] || [ "$event$kind" = SessionStartclear ]; then
+    title=''
+else
+    model=${model:-$wasModel}
+    effort=${effort:-$wasEffort}
 fi
 
 # keepDetail takes the tool and detail of the former record over.
 keepDetail() {
     tool=$wasTool
-    kept "$first$second" detail
-    detail=$value
+    detail=$wasDetail
 }
 
 # become STATE: the state begins now unless it is the former one.
 become() {
-    [ "$was" = "$1" ] && [ "$since" -le "$now" ] || since=$now
+    if [ "$was" != "$1" ] || [ "$since" -gt "$now" ]; then
+        tellTime
+        since=$now
+    fi
     state=$1
 }
 
@@ -519,7 +609,10 @@ PreCompact)
         case $was$kind in
         idle* | done*) before=$was beforeSince=$since ;;
         *auto) before=working ;;
-        working* | waiting*) before=done beforeSince=$now ;;
+        working* | waiting*)
+            tellTime
+            before=done beforeSince=$now
+            ;;
         *) before=idle ;;
         esac
     fi
@@ -531,14 +624,34 @@ Stop)
     ;;
 esac
 
-line="{\"state\":\"$state\",\"since\":$since,\"ts\":$now,\"event\":\"$event\"${tool:+,\"tool\":\"$tool\"}"
-line=$line${notification:+,\"notification\":\"$notification\"}$extra
-line=$line${model:+,\"model\":\"$model\"}${effort:+,\"effort\":\"$effort\"}${title:+,\"title\":\"$title\"}
+often="{\"state\":\"$state\",\"since\":$since,\"ts\":$now"
+seldom=$extra${model:+,\"model\":\"$model\"}${effort:+,\"effort\":\"$effort\"}${title:+,\"title\":\"$title\"}
+seldom="$seldom
+${tool:+,\"tool\":\"$tool\"}${detail:+,\"detail\":\"$detail\"}${notification:+,\"notification\":\"$notification\"}"
 
-# A hook of the same session that runs beside this one has another process number and so another file.
+# write MOVER: writes the record into the temporary file.
+write() {
+    printf '%s%s%s\n,"event":"%s"%s}\n' "$often" "${clock:+,\"clock\":\"$clock $1\"}" "$seldom" "$event" \
+        "$members" >"$temporary"
+}
+
+# Where the time took no program, a record of a state that goes on replaces a file that was put in the same
+# place by the same mover. So that one runs in the place of the shell, which saves starting a process.
+if [ -z "$exact" ] && [ -f "$record" ] && [ -O "$record" ]; then
+    trap '' HUP INT TERM PIPE
+    if write "$mover"; then
+        [ "$mover" = mv ] || exec busybox mv -f "$temporary" "$record"
+        exec mv -f "$temporary" "$record"
+    fi
+fi
+
+# Busybox loads fewer libraries than coreutils. A hook of the same session that runs beside this one has another
+# process number and so another file.
 trap 'rm -f "$temporary"; exit 0' HUP INT TERM PIPE
-if ! printf '%s\n%s\n%s}\n' "$line" "${detail:+,\"detail\":\"$detail\"}" "$members" >"$temporary" ||
-    ! mv -f "$temporary" "$record"; then
+if write busybox && busybox mv -f "$temporary" "$record"; then
+    exit 0
+fi
+if ! write mv || ! mv -f "$temporary" "$record"; then
     rm -f "$temporary"
 fi
 exit 0

@@ -89,6 +89,13 @@ std::optional<nlohmann::json> HookRun::onlyRecord() const {
     return record(files::path(names.front()).stem().string());
 }
 
+void HookRun::replaceProgram(const std::string& name, const std::string& text) const {
+    const auto path = binaries_ + "/" + name;
+    files::remove(path);
+    writeFile(path, "#!/bin/sh\n" + text + "\n");
+    files::permissions(path, files::perms::owner_all);
+}
+
 void HookRun::removeRecords() const {
     for (const auto& name : files()) {
         files::remove_all(sessions_ + "/" + name);

@@ -59,6 +59,9 @@ public:
 
     std::string script() const { return script_; }
 
+    /// Puts a shell script before the programs that the hook calls by this name.
+    void replaceProgram(const std::string& name, const std::string& text) const;
+
     const std::vector<std::string>& shell() const { return shell_; }
 
     std::string path() const { return binaries_ + ":/usr/bin:/bin"; }
@@ -70,6 +73,9 @@ private:
     std::string script_;
     std::vector<std::string> shell_;
 };
+
+/// By how many milliseconds the time of a record may be too early if its state goes on.
+constexpr double clockError = 20;
 
 /// The present time in milliseconds since 1970.
 double nowInMilliseconds();
