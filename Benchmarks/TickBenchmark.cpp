@@ -35,8 +35,17 @@ using namespace mimkins;
 namespace {
 
 constexpr int sessionCount = 50;
-constexpr int subtasksEach = 2;
 constexpr int repositoryCount = 5;
+
+/// Every fifth session is at rest; the others work.
+constexpr bool rests(int session) {
+    return session % 5 == 0;
+}
+
+/// Two or three for a session at work, which makes a hundred in all.
+constexpr int subtasksOf(int session) {
+    return rests(session) ? 0 : session % 5 < 3 ? 2 : 3;
+}
 
 /// A process that does nothing until the object goes.
 class Sleeper {
@@ -84,7 +93,7 @@ void touch(const std::string& path) {
     ::utimensat(AT_FDCWD, path.c_str(), nullptr, 0);
 }
 
-/// A throw-away home of a user with that much going on: every fifth session is at rest, the others work.
+/// A throw-away home of a user with that much going on.
 class BusyHome {
 public:
     BusyHome() : sleepers_(sessionCount) {
@@ -99,7 +108,7 @@ public:
         for (int number = 0; number < sessionCount; ++number) {
             std::filesystem::create_directories(subagents(number));
             std::ofstream(ownTranscript(number), std::ios::binary) << transcript;
-            for (int subtask = 0; subtask < subtasksEach; ++subtask) {
+            for (int subtask = 0; subtask < subtasksOf(number); ++subtask) {
                 const auto stem = subagents(number) + "/agent-a" + std::to_string(subtask);
                 std::ofstream(stem + ".meta.json")
                     << R"({"agentType":"general-purpose","description":"Look around"})";
@@ -132,8 +141,11 @@ private:
 
     std::string repository(int number) const { return folder_ + "/shop-" + std::to_string(number); }
 
+    /// Sessions at rest stand in each repository, so that all of them are looked at.
+    std::string workingFolder(int number) const { return repository(number / 5 % repositoryCount); }
+
     std::string project(int number) const {
-        return folder_ + "/.claude/projects/-shop-" + std::to_string(number % repositoryCount);
+        return folder_ + "/.claude/projects/-shop-" + std::to_string(number / 5 % repositoryCount);
     }
 
     std::string ownTranscript(int number) const { return project(number) + "/" + id(number) + ".jsonl"; }
@@ -154,18 +166,17 @@ private:
 
     void writeStatus(int number) const {
         std::ofstream(paths().sessions() + "/" + id(number) + ".json")
-            << R"({"state":")" << (number % 5 == 0 ? "done" : "working") << R"(","since":)" << milliseconds()
+            << R"({"state":")" << (rests(number) ? "done" : "working") << R"(","since":)" << milliseconds()
             << R"(,"ts":)" << milliseconds() << R"(,"id":")" << id(number) << R"(","event":"PreToolUse",)"
-            << R"("tool":"Bash","detail":"make test","project":"shop","cwd":")"
-            << repository(number % repositoryCount) << R"(","transcript":")" << ownTranscript(number)
-            << "\"}\n";
+            << R"("tool":"Bash","detail":"make test","project":"shop","cwd":")" << workingFolder(number)
+            << R"(","transcript":")" << ownTranscript(number) << "\"}\n";
     }
 
     void writeRegistry(int number) const {
         const auto pid = std::to_string(sleepers_[static_cast<std::size_t>(number)].pid());
         std::ofstream(paths().clientRegistry() + "/" + pid + ".json")
             << R"({"pid":)" << pid << R"(,"sessionId":")" << id(number) << R"(","status":")"
-            << (number % 5 == 0 ? "idle" : "busy") << R"(","cwd":")" << repository(number % repositoryCount)
+            << (rests(number) ? "idle" : "busy") << R"(","cwd":")" << workingFolder(number)
             << R"(","startedAt":)" << milliseconds() << R"(,"statusUpdatedAt":)" << milliseconds() << "}";
     }
 
@@ -207,6 +218,9 @@ void busyTick(benchmark::State& state) {
     static const BusyHome home;
     RunningStore running(home.paths());
     running.store.refreshAll();
+    running.loop.runUntil(
+        [&] { return running.store.repositories().repoChanges.size() == repositoryCount; }, 10
+    );
     std::vector<double> full;
     int second = 0;
     for (auto _ : state) {
