@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 
 // The end of a transcript: at most 60 microseconds to read and parse 64 KiB.
@@ -76,6 +77,17 @@ std::string transcript(int resultLines, const std::string& sourceLine) {
     return text;
 }
 
+/// A transcript of a real client's lines, each as often as it takes.
+std::string recorded() {
+    std::ifstream file(MIMKINS_SOURCE_DIR "/Tests/Data/transcripts/transcript-main.jsonl", std::ios::binary);
+    const std::string once{std::istreambuf_iterator<char>(file), {}};
+    std::string text;
+    while (!once.empty() && text.size() < 2 * SubtaskReader::tailBytes) {
+        text += once;
+    }
+    return text;
+}
+
 void readSubtask(benchmark::State& state, const std::string& sourceLine) {
     const Transcript file(transcript(static_cast<int>(state.range(0)), sourceLine));
     const LinuxFileSystem files;
@@ -97,14 +109,28 @@ void readForeign(benchmark::State& state) {
 }
 
 /// What the goal is about: the tail read from the file and parsed, without the metadata file.
-void readAndParse(benchmark::State& state) {
-    const Transcript file(transcript(static_cast<int>(state.range(0)), plainLine));
+void readAndParse(benchmark::State& state, const std::string& text) {
+    const Transcript file(text);
     const LinuxFileSystem files;
     SubtaskReader reader(files);
     for (auto _ : state) {
         const auto tail = reader.tail(file.path(), SubtaskReader::tailBytes);
         benchmark::DoNotOptimize(reader.pendingTools(tail, Date()));
     }
+    state.counters["lines"] = static_cast<double>(reader.tail(file.path(), SubtaskReader::tailBytes).size());
+}
+
+void readAndParseRecorded(benchmark::State& state) {
+    const std::string text = recorded();
+    if (text.empty()) {
+        state.SkipWithError("the recorded transcript is missing");
+        return;
+    }
+    readAndParse(state, text);
+}
+
+void readAndParseMade(benchmark::State& state) {
+    readAndParse(state, transcript(static_cast<int>(state.range(0)), plainLine));
 }
 
 void readTailAlone(benchmark::State& state) {
@@ -134,6 +160,7 @@ void parseAlone(benchmark::State& state) {
 // The argument is the number of source lines in each tool result: from many short lines to few long ones.
 BENCHMARK(readPlain)->Arg(1)->Arg(10)->Arg(100)->Arg(300);
 BENCHMARK(readForeign)->Arg(10)->Arg(100);
-BENCHMARK(readAndParse)->Arg(1)->Arg(10)->Arg(100)->Arg(300);
+BENCHMARK(readAndParseRecorded);
+BENCHMARK(readAndParseMade)->Arg(1)->Arg(10)->Arg(100)->Arg(300);
 BENCHMARK(readTailAlone)->Arg(10);
 BENCHMARK(parseAlone)->Arg(1)->Arg(10)->Arg(100);

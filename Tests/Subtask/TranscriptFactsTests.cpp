@@ -287,6 +287,13 @@ TranscriptFacts forwardFacts(const std::vector<Json>& lines) {
     return facts;
 }
 
+/// A line that does nothing but name an effort.
+Json withEffort(const std::string& effort) {
+    Json line = assistantLine({textBlock("on it")});
+    line["effort"] = effort;
+    return line;
+}
+
 /// One random line; ids are few, so that they meet often.
 Json randomLine() {
     const auto id = [] { return std::to_string(*rc::gen::inRange(0, 6)); };
@@ -315,6 +322,20 @@ Json randomLine() {
 }
 
 } // namespace
+
+TEST(TranscriptFacts, WordsSpelledByTheNumbersOfTheirCharactersCount) {
+    Json model = assistantLine({textBlock("all done")});
+    auto text = transcriptText({assistantLine({toolUse("1", "Read")}), withEffort("high"), model, model});
+    for (const auto& [word, spelled] :
+         {std::pair<std::string, std::string>{"tool_use", R"(\u0074ool\u005fuse)"},
+          {"effort", R"(e\u0066\u0066ort)"}}) {
+        text.replace(text.find(word), word.size(), spelled);
+    }
+    const auto facts = factsOf(TranscriptTail(FileSystem::Tail{text, 0}));
+    EXPECT_EQ(facts.tool, "Read");
+    EXPECT_EQ(facts.model.effort, "high");
+    EXPECT_THAT(pendingNames(facts), ElementsAre("Read"));
+}
 
 RC_GTEST_PROP(TranscriptFacts, AreThoseOfReadingForward, ()) {
     const auto count = *rc::gen::inRange<std::size_t>(0, 12);

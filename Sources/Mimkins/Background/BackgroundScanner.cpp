@@ -67,10 +67,23 @@ bool BackgroundScanner::consume(const RandomAccessFile& file, Date now, Tally& t
     }
     // A failure in the middle must leave nothing half done, so the lines go into a copy.
     Tally next = tally;
+    lineReader_.begin();
+    const auto readBatch = [&] {
+        batch_.empty([&](std::string_view line, Markers markers) {
+            lineReader_.read(line, markers, now, next);
+        });
+    };
+    batch_.clear();
     const auto end = lines_.read(
         file, {tally.offset, size, tally.startsMidLine},
-        [&](std::string_view line, Markers markers) { lineReader_.read(line, markers, now, next); }
+        [&](std::string_view line, Markers markers) {
+            batch_.add(line, markers);
+            if (batch_.isFull()) {
+                readBatch();
+            }
+        }
     );
+    readBatch();
     if (end && *end != tally.offset) {
         next.offset = *end;
         next.startsMidLine = false;

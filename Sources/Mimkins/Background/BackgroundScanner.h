@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Background/LineBatch.h"
 #include "Background/MarkedLines.h"
 #include "Background/Tally.h"
 #include "Background/TranscriptLine.h"
@@ -54,6 +55,7 @@ private:
     Options options_;
     MarkedLines lines_;
     TranscriptLineReader lineReader_;
+    LineBatch batch_;
     std::map<std::string, Tally> tallies_;
     /// What each transcript was when it was last read to its end. Until it is something else, it needn't even
     /// be opened, though it may end in an unfinished line.

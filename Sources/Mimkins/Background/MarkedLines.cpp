@@ -11,6 +11,25 @@ namespace {
 /// So many bytes at the end of a block may be the beginning of a marker.
 constexpr std::size_t longestOverlap = longestMarker - 1;
 
+/// The last newline's place, or `npos`. It goes back in steps that are searched forward, which is far faster
+/// than to look at byte after byte.
+std::size_t lastNewline(std::string_view view) {
+    constexpr std::size_t step = 512;
+    for (std::size_t end = view.size(); end > 0;) {
+        const std::size_t begin = end > step ? end - step : 0;
+        std::size_t last = std::string_view::npos;
+        const auto part = view.substr(0, end);
+        for (auto place = part.find('\n', begin); place != part.npos; place = part.find('\n', place + 1)) {
+            last = place;
+        }
+        if (last != std::string_view::npos) {
+            return last;
+        }
+        end = begin;
+    }
+    return std::string_view::npos;
+}
+
 } // namespace
 
 /// One pass over a range: what is known of the line that is being read.
@@ -60,7 +79,7 @@ struct MarkedLines::Pass {
         std::size_t lineInView = 0;
         while (!failed && (!hits.empty() || !markers.empty() || skipping)) {
             if (markers.empty() && !skipping) {
-                const auto before = view.substr(lineInView, hits.front().position - lineInView).rfind('\n');
+                const auto before = lastNewline(view.substr(lineInView, hits.front().position - lineInView));
                 if (before != std::string_view::npos) {
                     lineInView += before + 1;
                     startLine(viewBegin + lineInView);
@@ -76,9 +95,8 @@ struct MarkedLines::Pass {
             endLine(view, viewBegin, end);
             lineInView = end + 1;
         }
-        // Looking forward first is far faster in a view that has no newline left.
-        if (view.find('\n', lineInView) != std::string_view::npos) {
-            startLine(viewBegin + view.rfind('\n') + 1);
+        if (const auto last = lastNewline(view.substr(lineInView)); last != std::string_view::npos) {
+            startLine(viewBegin + lineInView + last + 1);
         }
     }
 };

@@ -1,5 +1,6 @@
 #include "Background/TranscriptLine.h"
 
+#include "Background/LineParts.h"
 #include "Background/MarkedLines.h"
 #include "Background/NextFire.h"
 #include "Background/TranscriptPatterns.h"
@@ -16,43 +17,8 @@ namespace {
 using patterns::Groups;
 using patterns::Matcher;
 
-/// What of a line its patterns can match: one flag for each pattern, or group of patterns, that a text which
-/// every match holds stands in the line for. Lines that merely quote a marker, such as source text in which
-/// every quotation mark is escaped, have none and are let go before any string is made of them.
-struct Prospects {
-    bool started = false;
-    bool finished = false;
-    bool stopped = false;
-    bool cron = false;
-    bool cronJob = false;
-    bool cronCreate = false;
-    bool cronDelete = false;
-
-    bool any() const { return started || finished || stopped || cron || cronJob || cronCreate || cronDelete; }
-};
-
-bool holds(std::string_view line, std::string_view text) {
-    return line.find(text) != std::string_view::npos;
-}
-
-Prospects prospectsOf(std::string_view line, Markers markers) {
-    Prospects prospects;
-    prospects.started =
-        markers.contains(Marker::backgroundId) && holds(line, "running in background with ID: ");
-    prospects.finished = markers.contains(Marker::taskId) && holds(line, "<status>");
-    prospects.stopped =
-        (markers.contains(Marker::taskStop) && holds(line, R"("name":"TaskStop","input":{)")) ||
-        (markers.contains(Marker::killShell) && holds(line, R"("name":"KillShell","input":{)")) ||
-        (markers.contains(Marker::killBash) && holds(line, R"("name":"KillBash","input":{)"));
-    if (markers.contains(Marker::scheduled)) {
-        prospects.cron = holds(line, "Scheduled one-shot task ") || holds(line, "Scheduled recurring task ");
-        prospects.cronJob = holds(line, "Scheduled one-shot job ") || holds(line, "Scheduled recurring job ");
-    }
-    prospects.cronCreate =
-        markers.contains(Marker::cronCreate) && holds(line, R"("name":"CronCreate","input":{"cron":")");
-    prospects.cronDelete =
-        markers.contains(Marker::cronDelete) && holds(line, R"("name":"CronDelete","input":{)");
-    return prospects;
+icu::UnicodeString toText(std::string_view bytes) {
+    return icu::UnicodeString::fromUTF8({bytes.data(), static_cast<int32_t>(bytes.size())});
 }
 
 void replaceAll(std::string& text, std::string_view wanted, std::string_view replacement) {
@@ -66,10 +32,12 @@ void replaceAll(std::string& text, std::string_view wanted, std::string_view rep
 }
 
 /// Puts the first group of every match into the set.
-void insertFirstGroups(const std::vector<Groups>& matches, std::set<std::string>& ids) {
-    for (const auto& groups : matches) {
-        if (groups[0]) {
-            ids.insert(*groups[0]);
+void insertFirstGroups(Matcher& matcher, const parts::Parts& parts, std::set<std::string>& ids) {
+    for (const auto part : parts) {
+        for (const auto& groups : matcher.all(toText(part))) {
+            if (groups[0]) {
+                ids.insert(*groups[0]);
+            }
         }
     }
 }
@@ -82,7 +50,7 @@ void addPrompts(const std::vector<Groups>& matches, Tally& tally) {
     }
 }
 
-void addSchedules(const std::vector<Groups>& matches, Date at, Tally& tally) {
+void addSchedules(const std::vector<Groups>& matches, Date at, const icu::TimeZone& zone, Tally& tally) {
     for (const auto& groups : matches) {
         const auto& [call, kind, id, schedule] = std::tie(groups[0], groups[1], groups[2], groups[3]);
         if (!kind || !id || !schedule) {
@@ -92,7 +60,7 @@ void addSchedules(const std::vector<Groups>& matches, Date at, Tally& tally) {
         tally.crons.insert_or_assign(
             *id,
             ScheduledTask{
-                at, nextFire(*schedule, at, *currentTimeZone()), *kind == "recurring",
+                at, nextFire(*schedule, at, zone), *kind == "recurring",
                 prompt == tally.prompts.end() ? std::string() : prompt->second}
         );
     }
@@ -105,6 +73,9 @@ std::optional<Date> parseDate(std::string_view text) {
 }
 
 std::string decodePrompt(std::string_view raw) {
+    if (raw.find('\\') == std::string_view::npos) {
+        return std::string(raw); // Nothing is escaped, so either way of decoding gives the text itself.
+    }
     std::string quoted = "\"";
     quoted.append(raw).append("\"");
     if (const auto document = json::Document::parse(quoted)) {
@@ -131,69 +102,95 @@ struct TranscriptLineReader::Matchers {
     const icu::UnicodeString toolResult{uR"~("tool_use_id":"toolu_)~"};
     const icu::UnicodeString scheduled{u"Scheduled "};
 
-    Date timeOf(const icu::UnicodeString& line, Date now) {
-        const auto groups = timestamp.first(line);
+    /// The user's time zone, once a schedule has asked for it.
+    std::unique_ptr<icu::TimeZone> zone;
+
+    Date timeOf(std::string_view line, Date now) {
+        const auto part = parts::timestamp(line);
+        const auto groups = part ? timestamp.first(toText(*part)) : std::nullopt;
         const auto written = groups && groups->at(0) ? parseDate(*groups->at(0)) : std::nullopt;
         return written.value_or(now);
     }
 
-    void readStarted(const icu::UnicodeString& line, Date now, Tally& tally) {
-        const auto matches = started.all(line);
-        if (matches.empty()) {
+    void readStarted(std::string_view line, Date now, Tally& tally) {
+        std::set<std::string> ids;
+        insertFirstGroups(started, parts::started(line), ids);
+        if (ids.empty()) {
             return;
         }
         const Date at = timeOf(line, now);
-        for (const auto& groups : matches) {
-            if (groups[0]) {
-                tally.started.insert_or_assign(*groups[0], at);
-            }
+        for (const auto& id : ids) {
+            tally.started.insert_or_assign(id, at);
         }
     }
 
-    void readSchedules(Matcher& matcher, const icu::UnicodeString& line, Date now, Tally& tally) {
-        const auto matches = matcher.allBeginningWith(line, toolResult, scheduled);
-        if (!matches.empty()) {
-            addSchedules(matches, timeOf(line, now), tally);
+    void readPrompts(std::string_view line, Tally& tally) {
+        for (const auto part : parts::cronCreate(line)) {
+            addPrompts(cronCreate.all(toText(part)), tally);
         }
+    }
+
+    /// `matcher` is that of the wording whose parts are given.
+    void readSchedules(Matcher& matcher, const parts::Parts& parts, Date at, Tally& tally) {
+        for (const auto part : parts) {
+            const auto matches = matcher.allBeginningWith(toText(part), toolResult, scheduled);
+            if (matches.empty()) {
+                continue;
+            }
+            if (!zone) {
+                zone = currentTimeZone();
+            }
+            addSchedules(matches, at, *zone, tally);
+        }
+    }
+
+    void readSchedules(std::string_view line, Date now, Tally& tally) {
+        const auto tasks = parts::cron(line);
+        const auto jobs = parts::cronJob(line);
+        if (tasks.empty() && jobs.empty()) {
+            return;
+        }
+        const Date at = timeOf(line, now);
+        readSchedules(cron, tasks, at, tally);
+        readSchedules(cronJob, jobs, at, tally);
     }
 };
 
 TranscriptLineReader::TranscriptLineReader() = default;
 TranscriptLineReader::~TranscriptLineReader() = default;
 
+void TranscriptLineReader::begin() {
+    if (matchers_) {
+        matchers_->zone.reset();
+    }
+}
+
 void TranscriptLineReader::read(std::string_view line, Markers markers, Date now, Tally& tally) {
     if (line.size() > longestLine) {
-        return;
-    }
-    const Prospects prospects = prospectsOf(line, markers);
-    if (!prospects.any()) {
         return;
     }
     if (!matchers_) {
         matchers_ = std::make_unique<Matchers>();
     }
-    const auto text = icu::UnicodeString::fromUTF8({line.data(), static_cast<int32_t>(line.size())});
-    if (prospects.started) {
-        matchers_->readStarted(text, now, tally);
+    if (markers.contains(Marker::backgroundId)) {
+        matchers_->readStarted(line, now, tally);
     }
-    if (prospects.finished) {
-        insertFirstGroups(matchers_->finished.all(text), tally.finished);
+    if (markers.contains(Marker::taskId)) {
+        insertFirstGroups(matchers_->finished, parts::finished(line), tally.finished);
     }
-    if (prospects.stopped) {
-        insertFirstGroups(matchers_->stopped.all(text), tally.finished);
+    if (markers.contains(Marker::taskStop) || markers.contains(Marker::killShell) ||
+        markers.contains(Marker::killBash)) {
+        insertFirstGroups(matchers_->stopped, parts::stopped(line), tally.finished);
     }
     // A prompt that stands on a line is there for a schedule on the same line.
-    if (prospects.cronCreate) {
-        addPrompts(matchers_->cronCreate.all(text), tally);
+    if (markers.contains(Marker::cronCreate)) {
+        matchers_->readPrompts(line, tally);
     }
-    if (prospects.cron) {
-        matchers_->readSchedules(matchers_->cron, text, now, tally);
+    if (markers.contains(Marker::scheduled)) {
+        matchers_->readSchedules(line, now, tally);
     }
-    if (prospects.cronJob) {
-        matchers_->readSchedules(matchers_->cronJob, text, now, tally);
-    }
-    if (prospects.cronDelete) {
-        insertFirstGroups(matchers_->cronDelete.all(text), tally.deletedCrons);
+    if (markers.contains(Marker::cronDelete)) {
+        insertFirstGroups(matchers_->cronDelete, parts::cronDelete(line), tally.deletedCrons);
     }
 }
 

@@ -24,6 +24,9 @@ public:
     TranscriptLineReader();
     ~TranscriptLineReader();
 
+    /// Begins a run of lines: the user's time zone is looked up anew when a schedule first asks for it.
+    void begin();
+
     /// Adds to the tally what the line tells. The line comes without its newline and holds just the given
     /// markers. `now` stands in for the time of a line that bears none. Lines over `longestLine`
     /// are passed over.
