@@ -12,6 +12,7 @@ import scenarios
 from harness.home import Home
 from harness.mimkin import Mimkin
 from harness.report import Report, ScenarioOver
+from harness.service import ModelService
 from harness.session import Session
 from harness.waiting import Missed
 
@@ -62,7 +63,8 @@ def run(scenario: ModuleType, options: argparse.Namespace, report: Report) -> No
 
 
 def carry_through(scenario: ModuleType, home: Home, options: argparse.Namespace, report: Report) -> None:
-    session = Session(home, options.client.resolve(), Mimkin(options.mimkin.resolve(), home), scenario.SCRIPTS)
+    service = ModelService(home, scenario.SCRIPTS)
+    session = Session(home, options.client.resolve(), Mimkin(options.mimkin.resolve(), home), service)
     try:
         check = report.scenario(name_of(scenario), session.evidence)
         try:
@@ -71,7 +73,10 @@ def carry_through(scenario: ModuleType, home: Home, options: argparse.Namespace,
         except Missed as missed:
             report.broke(f"{name_of(scenario)}, outside its checks: {missed}\n{session.evidence()}")
     finally:
-        session.stop()
+        try:
+            session.stop()
+        finally:
+            service.stop()
 
 
 if __name__ == "__main__":

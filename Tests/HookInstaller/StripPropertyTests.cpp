@@ -1,9 +1,9 @@
 #include "HookInstaller/HookEntries.h"
 #include "HookInstaller/SettingsText.h"
+#include "Support/KnownLosses.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <random>
 #include <string>
@@ -123,38 +123,6 @@ private:
     std::mt19937 random_;
     bool oursToo_ = false;
 };
-
-bool holdsOnlyObjects(const SettingsArray& array) {
-    return std::all_of(array.begin(), array.end(), [](const SettingsValue& element) {
-        return element.object() != nullptr;
-    });
-}
-
-/// What connecting and disconnecting lose on purpose: a "hooks" that is no object, values under the ten
-/// events that aren't arrays of objects, empty events, and a "hooks" that is empty then.
-SettingsObject withoutKnownLosses(SettingsObject root) {
-    const auto found = root.find("hooks");
-    if (found == root.end()) {
-        return root;
-    }
-    SettingsObject kept;
-    if (const auto* events = found->second.object()) {
-        for (const auto& [name, groups] : *events) {
-            const auto* array = groups.array();
-            const bool isEvent = std::find(hookEvents.begin(), hookEvents.end(), name) != hookEvents.end();
-            const bool emptied = array != nullptr && array->empty();
-            const bool replaced = isEvent && (array == nullptr || !holdsOnlyObjects(*array));
-            if (!emptied && !replaced) {
-                kept[name] = groups;
-            }
-        }
-    }
-    root.erase(found);
-    if (!kept.empty()) {
-        root["hooks"] = {kept};
-    }
-    return root;
-}
 
 TEST(StripProperty, disconnectingGivesBackTheDocument) {
     int unlossy = 0;

@@ -43,4 +43,6 @@ TEST(GitOutput, ReadsACommitTime) {
     EXPECT_EQ(gitOutput::commitTime(""), Date{0});
     EXPECT_EQ(gitOutput::commitTime("1795000000 and more"), Date{0});
     EXPECT_EQ(gitOutput::commitTime("1e999"), Date{0});
+    EXPECT_EQ(gitOutput::commitTime("inf"), Date{0});
+    EXPECT_EQ(gitOutput::commitTime("nan"), Date{0});
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace mimkins::gitOutput {
 
@@ -57,7 +58,9 @@ Date commitTime(std::string_view line) {
     double seconds = 0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), seconds);
     const bool whole = result.ec == std::errc() && result.ptr == number.data() + number.size();
-    return {whole ? seconds : 0};
+    // "inf" and "nan" read as numbers too, but no commit has such a time, and nothing compares with the
+    // latter.
+    return {whole && std::isfinite(seconds) ? seconds : 0};
 }
 
 } // namespace mimkins::gitOutput

@@ -32,7 +32,7 @@ std::vector<std::string> nulSeparated(std::string_view names);
 /// The name in one line of text; nothing if it is empty but for white space.
 std::optional<std::string> branchName(std::string_view line);
 
-/// The time in one line that holds seconds since 1970; 1970 itself if it holds no number.
+/// The time in one line that holds seconds since 1970; 1970 itself if it holds no finite number.
 Date commitTime(std::string_view line);
 
 } // namespace mimkins::gitOutput

@@ -2,9 +2,8 @@
 
 import uuid
 from pathlib import Path
-from typing import Optional
+from typing import Callable, Optional
 
-from .answers import Step
 from .home import KEY, Home
 from .mimkin import Mimkin
 from .service import ModelService
@@ -27,16 +26,23 @@ SETTLED_SECONDS = 1.5
 
 
 class Session:
-    """A client with its home, its service and its terminal. The hooks are connected before it starts."""
+    """A client in its terminal, with its home and its service. The hooks are connected before it starts."""
 
-    def __init__(self, home: Home, client: Path, mimkin: Mimkin, scripts: dict[str, list[Step]]):
+    def __init__(self, home: Home, client: Path, mimkin: Mimkin, service: ModelService):
         self.home = home
         self.mimkin = mimkin
         self.id = str(uuid.uuid4())
-        self.service = ModelService(home, scripts)
+        self.service = service
         self._client = client
         self._terminal: Optional[Terminal] = None
+        self._others: list["Session"] = []
         self.moods: list[str] = []
+
+    def another(self) -> "Session":
+        """A second session of the same user in the same project; it ends with this one."""
+        other = Session(self.home, self._client, self.mimkin, self.service)
+        self._others.append(other)
+        return other
 
     def start(self, permission_mode: str = "default") -> None:
         """Starts the client and returns once it can be typed into."""
@@ -87,6 +93,16 @@ class Session:
         """Checks that the session has one of these moods, and these fields, for as long as late news may take."""
         stays(f"{' or '.join(moods)} with {fields}", lambda: self._matching(moods, fields) is not None, SETTLED_SECONDS)
 
+    def settles(self, *moods: str, **fields) -> dict:
+        """Reaches one of these moods, and these fields, and keeps them."""
+        session = self.reaches(*moods, **fields)
+        self.keeps(*moods, **fields)
+        return session
+
+    def comes_to(self, what: str, shows: Callable[[dict], bool], seconds: float = PATIENCE) -> dict:
+        """The session once `shows` is true of it. Raises Missed, naming `what`, if that doesn't come."""
+        return wait_for(what, lambda: self._showing(shows), seconds)
+
     def appears(self) -> dict:
         return wait_for("the session in the list", self.now)
 
@@ -94,20 +110,19 @@ class Session:
         wait_for("the session to leave the list", lambda: not self.now())
 
     def wait_event(self, name: str, **fields) -> dict:
-        """The client's latest event of this name and with these fields, once there is one."""
+        """The session's latest event of this name and with these fields, once there is one."""
         return wait_for(f"the event {name} {fields or ''}", lambda: self._event(name, fields))
 
     def is_over(self) -> None:
         wait_for("the client to end", self._terminal.is_over)
 
     def stop(self) -> None:
-        """Ends everything that the session has started."""
+        """Ends everything that the session has started, and the sessions beside it."""
         self.home.open_all_gates()
-        try:
-            if self._terminal:
-                self._terminal.stop()
-        finally:
-            self.service.stop()
+        for other in self._others:
+            other.stop()
+        if self._terminal:
+            self._terminal.stop()
 
     def evidence(self) -> str:
         """What a person needs to see why a check failed."""
@@ -135,8 +150,13 @@ class Session:
         fits = session.get("mood") in moods and all(session.get(name) == value for name, value in fields.items())
         return session if fits else None
 
+    def _showing(self, shows: Callable[[dict], bool]) -> Optional[dict]:
+        session = self.now()
+        return session if session and shows(session) else None
+
     def _event(self, name: str, fields: dict) -> Optional[dict]:
         for event in reversed(self.home.events()):
-            if event["hook_event_name"] == name and all(event.get(key) == value for key, value in fields.items()):
+            wanted = {"session_id": self.id, "hook_event_name": name, **fields}
+            if all(event.get(key) == value for key, value in wanted.items()):
                 return event
         return None

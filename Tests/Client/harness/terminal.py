@@ -1,5 +1,6 @@
 """A terminal for the client: a tmux server of its own, that ends with the scenario."""
 
+import itertools
 import os
 import re
 import signal
@@ -11,13 +12,14 @@ from .home import Home
 from .waiting import Missed, wait_for
 
 ENDING_SECONDS = 5.0
+NUMBERS = itertools.count(1)
 
 
 class Terminal:
     """Runs one command in a window of 160 by 50 characters."""
 
     def __init__(self, home: Home, command: list[str], environment: dict[str, str]):
-        self._name = f"mimkins-client-{os.getpid()}-{home.path.name}"
+        self._name = f"mimkins-client-{os.getpid()}-{home.path.name}-{next(NUMBERS)}"
         self._environment = home.environment()
         variables = [f"{name}={value}" for name, value in environment.items()]
         self._tmux(

@@ -17,10 +17,8 @@ def run(session, check):
             session.reaches("yourTurn")
         session.type_line("/compact script:tidy")
         session.service.wait_held("tidied")
-        session.reaches("compacting")
-        session.keeps("compacting")
+        session.settles("compacting")
     with check("its end leaves no work behind"):
         session.open("tidied")
         session.sees("Compacted")
-        session.reaches("yourTurn", "idle")
-        session.keeps("yourTurn", "idle")
+        session.settles("yourTurn", "idle")

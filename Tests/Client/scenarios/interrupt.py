@@ -1,6 +1,7 @@
 """The user interrupts. The client tells its hooks nothing of it; only its registry does."""
 
 from harness.answers import bash, held, say
+from harness.turns import end_turn
 
 SCRIPTS = {
     "answer": [held("never", say("Nobody reads this."))],
@@ -16,17 +17,14 @@ def run(session, check):
         session.service.wait_held("never")
         session.reaches("working")
         session.press("Escape")
-        session.reaches("yourTurn")
-        session.keeps("yourTurn")
+        session.settles("yourTurn")
     with check("an interrupted tool leaves the user's turn"):
         session.prompt("tool")
         session.wait_event("PreToolUse", tool_name="Bash")
         session.reaches("working", tool="Bash")
         session.press("Escape")
-        session.reaches("yourTurn")
-        session.keeps("yourTurn")
+        session.settles("yourTurn")
     with check("the next prompt is worked on as usual"):
         session.prompt("after")
         session.reaches("working", tool="Bash", detail="hold after")
-        session.open("after")
-        session.reaches("yourTurn")
+    end_turn(session, check, "after")

@@ -1,6 +1,7 @@
 """Plan mode: a plan that awaits the user's approval."""
 
 from harness.answers import PLAN_FILE, call, held, say
+from harness.turns import Asking, ask_and_answer
 
 SCRIPTS = {
     "plan": [
@@ -13,17 +14,6 @@ SCRIPTS = {
 
 def run(session, check):
     session.start(permission_mode="plan")
-    with check("a plan reads as a plan to approve"):
-        session.prompt("plan")
-        session.sees("Would you like to proceed")
-        session.reaches("plan", tool="ExitPlanMode")
-    with check("the notification that repeats it leaves it a plan"):
-        session.wait_event("Notification", notification_type="permission_prompt")
-        session.keeps("plan")
-    with check("approved, it is working again"):
-        session.press("Enter")
-        session.service.wait_held("begun")
-        session.reaches("working")
-    with check("it ends in the user's turn"):
-        session.open("begun")
-        session.reaches("yourTurn")
+    ask_and_answer(
+        session, check, Asking("a plan", "plan", "Would you like to proceed", "plan", "ExitPlanMode", "begun")
+    )

@@ -1,6 +1,7 @@
 """A session from its start to its exit, with a tool that needs no permission in between."""
 
 from harness.answers import bash, say
+from harness.turns import end_turn
 
 SCRIPTS = {"work": [bash("hold tool"), say("That is done.")]}
 
@@ -15,10 +16,7 @@ def run(session, check):
         session.wait_event("PreToolUse", tool_name="Bash")
         session.reaches("working", tool="Bash", detail="hold tool")
         session.keeps("working", tool="Bash")
-    with check("the end of the turn reads as the user's turn"):
-        session.open("tool")
-        session.reaches("yourTurn")
-        session.keeps("yourTurn")
+    end_turn(session, check, "tool")
     with check("the exit takes the session away"):
         session.type_line("/exit")
         session.wait_event("SessionEnd")

@@ -1,14 +1,17 @@
 """A subagent whose own events reach the same hook and must not be taken for the session's."""
 
-from harness.answers import bash, call, held, say
+from harness.answers import agent, bash, held, say
+from harness.turns import approve_subagent, end_turn
 from harness.waiting import expect
 
 SCRIPTS = {
-    "delegate": [
-        call("Agent", description="Look around", prompt="script:look", subagent_type="general-purpose"),
-        held("summary", say("The subagent has looked.")),
+    "delegate": [agent("look"), held("summary", say("The subagent has looked."))],
+    "look": [
+        bash("hold look"),
+        bash("cat none.txt"),
+        held("failed", bash("touch found.txt")),
+        held("thought", say("I have looked.")),
     ],
-    "look": [bash("hold look"), bash("cat none.txt"), held("thought", say("I have looked."))],
 }
 
 
@@ -22,14 +25,14 @@ def run(session, check):
         session.keeps("working", tool=tool)
     with check("a failure within the subagent is no snag of the session"):
         session.open("look")
-        session.service.wait_held("thought")
+        session.service.wait_held("failed")
         session.wait_event("PostToolUseFailure")
         session.keeps("working", tool=tool)
+    session.open("failed")
+    approve_subagent(session, check, "touch found.txt", "thought", "working")
     with check("the end of the subagent is not the end of the turn"):
         session.open("thought")
         session.service.wait_held("summary")
         session.wait_event("SubagentStop")
         session.keeps("working")
-    with check("the end of the turn is"):
-        session.open("summary")
-        session.reaches("yourTurn")
+    end_turn(session, check, "summary")

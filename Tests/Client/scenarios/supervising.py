@@ -1,24 +1,12 @@
 """A subagent that goes on in the background after the turn, and then needs the user's OK."""
 
-from harness.answers import bash, call, held, say
+from harness.answers import agent, bash, held, say
+from harness.turns import approve_subagent
 
 SCRIPTS = {
-    "send": [
-        call(
-            "Agent",
-            description="Look around",
-            prompt="script:look",
-            subagent_type="general-purpose",
-            run_in_background=True,
-        ),
-        say("It is on its way."),
-    ],
+    "send": [agent("look", run_in_background=True), say("It is on its way.")],
     "look": [bash("hold look"), bash("touch found.txt"), held("thought", say("I have looked."))],
 }
-
-# The registry knows of the prompt before the hook is told, and speaks of a busy client once it is answered.
-WAITS = ("needsPermission", "needsInput")
-GOES_ON = ("background", "working")
 
 
 def run(session, check):
@@ -26,20 +14,11 @@ def run(session, check):
     with check("a subagent in the background leaves the turn ended, and shows"):
         session.prompt("send")
         session.wait_event("Stop")
-        session.reaches("background", message="1 subtask running")
-        session.keeps("background", message="1 subtask running")
-    with check("its permission prompt needs the user's OK"):
-        session.open("look")
-        session.sees("Do you want to proceed")
-        session.reaches(*WAITS)
-        session.keeps(*WAITS)
-    with check("allowed, it goes on without the user"):
-        session.press("Enter")
-        session.service.wait_held("thought")
-        session.reaches(*GOES_ON)
-        session.keeps(*GOES_ON)
+        session.settles("background", message="1 subtask running", supervising=True)
+    session.open("look")
+    # The registry speaks of a busy client once the prompt is answered.
+    approve_subagent(session, check, "touch found.txt", "thought", "background", "working")
     with check("its end leaves the user's turn"):
         session.open("thought")
         session.sees("Noted")
-        session.reaches("yourTurn")
-        session.keeps("yourTurn")
+        session.settles("yourTurn")

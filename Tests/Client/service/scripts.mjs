@@ -9,7 +9,7 @@ const unscripted = { text: 'Noted.' };
 export function chooseStep(scripts, body) {
     if (!body.tools?.length) return { name: '(side call)', step: { text: sideAnswer(body) } };
     const { name, step } = scriptedStep(scripts, body);
-    return { name, step: withPlanFile(step, body) };
+    return { name, step: filledIn(step, body) };
 }
 
 /// Requests without tools are the client's own small questions (titles, summaries), not a turn of the agent. Where
@@ -19,10 +19,24 @@ function sideAnswer(body) {
     return keys.length ? JSON.stringify(Object.fromEntries(keys.map((key) => [key, 'Stand-in']))) : 'ok';
 }
 
-/// The client makes up the name of its plan file and tells the model; a step calls it {plan file}.
-function withPlanFile(step, body) {
-    const path = JSON.stringify(body).match(/[^\s"`]+\/\.claude\/plans\/[\w-]+\.md/)?.[0] ?? '{no plan file}';
-    return JSON.parse(JSON.stringify(step).replaceAll('{plan file}', path));
+/// What a script can't know beforehand: the name that the client makes up for its plan file, the id that it gives
+/// to a scheduled task, and a schedule that is due soon. The client tells the model of the first two.
+function filledIn(step, body) {
+    const said = JSON.stringify(body);
+    const planFile = said.match(/[^\s"`]+\/\.claude\/plans\/[\w-]+\.md/)?.[0];
+    const scheduled = [...said.matchAll(/Scheduled (?:one-shot|recurring) \w+ ([0-9a-f]+)/g)].at(-1)?.[1];
+    return JSON.parse(
+        JSON.stringify(step)
+            .replaceAll('{plan file}', planFile ?? '{no plan file}')
+            .replaceAll('{last scheduled}', scheduled ?? '{nothing scheduled}')
+            .replaceAll('{soon}', soon()),
+    );
+}
+
+/// The minute after the next one as a schedule: far enough away to be seen waiting for.
+function soon() {
+    const time = new Date(Date.now() + 120_000);
+    return `${time.getMinutes()} ${time.getHours()} ${time.getDate()} ${time.getMonth() + 1} *`;
 }
 
 function scriptedStep(scripts, body) {
