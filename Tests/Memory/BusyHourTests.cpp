@@ -38,8 +38,8 @@ constexpr int secondsPerTurn = 4;
 constexpr int linesPerTurn = 1'120;
 static_assert(seconds / secondsPerTurn * linesPerTurn >= 1'000'000);
 
-/// A repository with a changed file at every 128th look: who has changed it is looked for in all transcripts,
-/// which takes long. It keeps no record of what it is asked.
+/// A repository that is clean but for its first few looks: who has made changes is looked for in all
+/// transcripts, which takes long once they have grown. It keeps no record of what it is asked.
 class ChangedRepository final : public GitRunner {
 public:
     std::optional<std::string>
@@ -48,15 +48,16 @@ public:
             return std::find(arguments.begin(), arguments.end(), word) != arguments.end();
         };
         if (has("--shortstat")) {
-            return ++looks_ % 128 == 1 ? " 1 file changed, 2 insertions(+)" : "";
+            return ++looks_ <= changedLooks ? " 1 file changed, 2 insertions(+)" : "";
         }
         if (has("--name-only") && has("-z")) {
-            return std::string("Sources/main.cpp\0", 17);
+            return looks_ <= changedLooks ? std::string("Sources/main.cpp\0", 17) : "";
         }
         return has("symbolic-ref") ? "main\n" : "";
     }
 
 private:
+    static constexpr int changedLooks = 4;
     mutable int looks_ = 0;
 };
 
