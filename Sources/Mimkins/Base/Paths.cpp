@@ -54,6 +54,10 @@ std::string Paths::desktopSessions() const {
     return home_ + "/Library/Application Support/Claude/claude-code-sessions";
 }
 
+std::string Paths::autostartEntry() const {
+    return home_ + "/.config/autostart/app.mimkins.desktop";
+}
+
 std::string Paths::preferencesFolder() const {
     return home_ + "/.config/mimkins";
 }

@@ -34,6 +34,9 @@ public:
     /// The desktop client's per-session metadata.
     std::string desktopSessions() const;
 
+    /// The entry with which the desktop starts the application at login.
+    std::string autostartEntry() const;
+
     /// Where preferences are kept: one file per domain.
     std::string preferencesFolder() const;
 
