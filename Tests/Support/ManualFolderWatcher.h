@@ -19,7 +19,11 @@ public:
         return Handle([this, key] { watches_.erase(key); });
     }
 
-    /// Tells all who watch the folder.
+    Handle watchFile(const std::string& file, std::function<void()> changed) override {
+        return watch(file, std::move(changed));
+    }
+
+    /// Tells all who watch the folder or file.
     void change(const std::string& folder) {
         const auto watches = watches_;
         for (const auto& [key, watch] : watches) {

@@ -21,6 +21,7 @@ namespace {
 
 constexpr std::uint32_t entryEvents = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
 constexpr std::uint32_t folderEvents = IN_DELETE_SELF | IN_MOVE_SELF;
+constexpr std::uint32_t fileEvents = IN_MODIFY | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF;
 /// After these the watch tells nothing more about the path it was made for.
 constexpr std::uint32_t lastEvents = IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT | IN_IGNORED;
 
@@ -133,11 +134,19 @@ InotifyFolderWatcher::~InotifyFolderWatcher() {
 }
 
 Handle InotifyFolderWatcher::watch(const std::string& folder, std::function<void()> changed) {
-    const int watch =
-        ::inotify_add_watch(state_->inotify.get(), folder.c_str(), entryEvents | folderEvents | IN_ONLYDIR);
+    return add(folder, entryEvents | folderEvents | IN_ONLYDIR, std::move(changed));
+}
+
+Handle InotifyFolderWatcher::watchFile(const std::string& file, std::function<void()> changed) {
+    return add(file, fileEvents, std::move(changed));
+}
+
+Handle
+InotifyFolderWatcher::add(const std::string& path, std::uint32_t events, std::function<void()> changed) {
+    const int watch = ::inotify_add_watch(state_->inotify.get(), path.c_str(), events);
     if (watch < 0) {
         if (errno != ENOENT && errno != ENOTDIR) {
-            log::write(log::Level::error, "watch", Error::posix(errno, "Couldn't watch " + folder).what());
+            log::write(log::Level::error, "watch", Error::posix(errno, "Couldn't watch " + path).what());
         }
         return {};
     }

@@ -39,6 +39,8 @@ private:
 class NoWatcher final : public FolderWatcher {
 public:
     Handle watch(const std::string&, std::function<void()>) override { return {}; }
+
+    Handle watchFile(const std::string&, std::function<void()>) override { return {}; }
 };
 
 /// Does all work at once.
