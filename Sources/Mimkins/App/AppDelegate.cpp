@@ -2,12 +2,7 @@
 
 #include "App/PanelSettingsOf.h"
 #include "App/StatusPicture.h"
-#include "Base/Error.h"
-#include "Base/Log.h"
 #include "Drawing/Qt/Conversions.h"
-#include "HookInstaller/HookInstaller.h"
-#include "Platform/Linux/LinuxResources.h"
-#include "Platform/Linux/LinuxSettingsFiles.h"
 #include "Platform/Qt/XcbWindowSystem.h"
 #include "Presentation/StatusItem.h"
 #include "Presentation/Summary.h"
@@ -49,7 +44,16 @@ std::string shortcutWords(Hotkey hotkey) {
 
 AppDelegate::AppDelegate(Paths paths)
     : paths_(std::move(paths)), watcher_(loop_), preferences_(paths_.preferencesFolder(), preferencesDomain),
-      sounds_(std::make_unique<NoSounds>()), settings_({preferences_, loop_, *sounds_}) {}
+      sounds_(std::make_unique<NoSounds>()), settings_({preferences_, loop_, *sounds_}),
+      client_({
+          paths_,
+          preferences_,
+          watcher_,
+          loop_,
+          links_,
+          QCoreApplication::applicationFilePath().toStdString(),
+          [] { QApplication::quit(); },
+      }) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -61,30 +65,14 @@ void AppDelegate::launch(Launch launch) {
     );
     store_->setRules(settings_.rules());
     if (launch == Launch::withoutWindows) {
+        client_.login().set(false);
         return;
     }
     makeWindows();
     makeStatusItem();
+    client_.login().enableOnFirstRun(preferences_);
     followSettings();
-    refreshHookScript();
-}
-
-/// An already connected user gets a newer script without being asked; nobody is ever connected here. A
-/// failure leaves the script that is there, which goes on working.
-void AppDelegate::refreshHookScript() {
-    LinuxSettingsFiles files;
-    HookInstaller installer(paths_, bundledHookScript(), files);
-    const auto status = installer.status();
-    const bool connected =
-        status == HookInstaller::Status::connected || status == HookInstaller::Status::needsUpdate;
-    if (!connected || installer.scriptIsCurrent()) {
-        return;
-    }
-    try {
-        installer.installScript();
-    } catch (const Error& error) {
-        log::write(log::Level::error, "hooks", error.what());
-    }
+    client_.start();
 }
 
 void AppDelegate::makeWindows() {
@@ -130,11 +118,13 @@ void AppDelegate::showCounts() {
 void AppDelegate::fillStatusMenu(QMenu& menu) {
     status_item::MenuState state;
     state.drawerIsOpen = drawer_.isOpen();
+    state.opensAtLogin = client_.login().isOn();
     state.shortcut = shortcutWords(settings_.hotkey());
     fillMenu(
         menu, status_item::menu(state),
         {
             {status_item::Action::toggleWindow, [this] { windows_->toggle(); }},
+            {status_item::Action::toggleLoginItem, [this] { client_.login().set(!client_.login().isOn()); }},
             {status_item::Action::quit, [] { QApplication::quit(); }},
         }
     );

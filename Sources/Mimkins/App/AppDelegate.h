@@ -1,5 +1,6 @@
 #pragma once
 
+#include "App/ClientConnection.h"
 #include "App/DrawerWindows.h"
 #include "Base/Paths.h"
 #include "PanelView/PanelView.h"
@@ -54,7 +55,6 @@ private:
     void followSettings();
     void showCounts();
     void fillStatusMenu(QMenu& menu);
-    void refreshHookScript();
 
     Paths paths_;
     QtRunLoop loop_;
@@ -67,6 +67,7 @@ private:
     std::unique_ptr<SoundPlayer> sounds_;
     AppSettings settings_;
     QtLinkOpener links_;
+    ClientConnection client_;
     DrawerState drawer_;
     std::unique_ptr<SessionStore> store_;
     // After the store, so that its threads end before what their results go to.

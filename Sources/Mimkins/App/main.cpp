@@ -4,13 +4,17 @@
 #include "App/RenderPet.h"
 #include "Base/Log.h"
 #include "Platform/Linux/HomeFolder.h"
+#include "Platform/Linux/JsonPreferencesStore.h"
 #include "Platform/Linux/LogSink.h"
 #include "Platform/Linux/SingleInstance.h"
+#include "Settings/Migration.h"
 
 #include <QApplication>
 
 #include <cstdlib>
 #include <iostream>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -29,6 +33,15 @@ void preferX11() {
 bool hasDisplay() {
     return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsSet("DISPLAY") ||
            qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+void takeOverPreferences(const Paths& paths) {
+    JsonPreferencesStore own(paths.preferencesFolder(), "app.mimkins");
+    Migration::fromZorbly(own, [&paths]() -> std::unique_ptr<const PreferencesStore> {
+        return std::make_unique<JsonPreferencesStore>(
+            paths.preferencesFolder(), std::string(Migration::formerDomain)
+        );
+    });
 }
 
 int runUnregistering(QApplication&, const Paths& paths) {
@@ -102,5 +115,6 @@ int main(int count, char** words) {
     if (rendering) {
         return render(options, paths);
     }
+    takeOverPreferences(paths);
     return unregistering ? runUnregistering(application, paths) : run(application, paths, options);
 }
