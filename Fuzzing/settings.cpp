@@ -40,6 +40,17 @@ nlohmann::json elsewhere(std::string_view text) {
     return result.is_object() ? result : nlohmann::json();
 }
 
+/// True if another reader finds the text to be no JSON; numbers beyond a machine's are JSON too.
+bool isInvalidElsewhere(std::string_view text) {
+    try {
+        return nlohmann::json::parse(text).is_discarded();
+    } catch (const nlohmann::json::parse_error&) {
+        return true;
+    } catch (const nlohmann::json::out_of_range&) {
+        return false;
+    }
+}
+
 /// Every entry of somebody else's: its event, then its text, in the order of the document.
 std::vector<std::string> foreignEntries(const SettingsObject& root) {
     std::vector<std::string> result;
@@ -77,6 +88,7 @@ void requireSoundText(const SettingsObject& document, std::string_view text) {
     const auto again = read(written);
     require(again && *again == document, "what is written reads back the same");
     require(serialiseSettings(*again) == written, "written again, it is the same text");
+    require(!isInvalidElsewhere(text), "only JSON is read");
     const auto other = elsewhere(text);
     require(other.is_null() || elsewhere(written) == other, "another reader finds the same values");
 }
