@@ -44,7 +44,7 @@ public:
             fur
         );
         for (const Rect& eye : both(5, 7, 2, 4)) {
-            context_.fill(Path::roundedRect(eye, eye.width / 2), ink);
+            context_.fill(Path::roundedRect(eye, eye.width / 4), ink);
         }
     }
 
@@ -97,9 +97,19 @@ void drawStars(GraphicsContext& context) {
 
 constexpr Rect head{20, 38, 60, 48};
 
+/// A soft light that fades to nothing at the edge of an ellipse.
+void drawLight(GraphicsContext& context, const Rect& ellipse, const Color& color) {
+    GraphicsContext placed = context;
+    placed.translateBy(ellipse.x + ellipse.width / 2, ellipse.y + ellipse.height / 2);
+    placed.scaleBy(ellipse.width / 2, ellipse.height / 2);
+    placed.fill(
+        Path::ellipse({-1, -1, 2, 2}),
+        RadialGradient{{color, color.faded(0.35), color.faded(0)}, {0, 0}, 0, 1}
+    );
+}
+
 void drawHead(GraphicsContext& context, bool detailed) {
-    const Color light = teal.faded(0.5);
-    context.fill(Path::ellipse({12, 34, 76, 58}), RadialGradient{{light, teal.faded(0)}, {50, 63}, 10, 40});
+    drawLight(context, {6, 26, 88, 70}, teal.faded(0.75));
     const LinearGradient fur = downwards({furTop, furBottom}, 24, head.maxY());
     const std::array ears{Rect{27, 24, 13, 26}, Rect{60, 24, 13, 26}};
     for (const Rect& ear : ears) {
@@ -111,10 +121,7 @@ void drawHead(GraphicsContext& context, bool detailed) {
     context.fill(Path::roundedRect(head, 20, CornerStyle::continuous), fur);
     if (detailed) {
         // Light from above left on the forehead.
-        context.fill(
-            Path::ellipse({26, 41, 30, 12}),
-            RadialGradient{{Color::white(0.4), Color::white(0)}, {38, 46}, 0, 15}
-        );
+        drawLight(context, {23, 39, 34, 14}, Color::white(0.6));
     }
 }
 
