@@ -154,7 +154,7 @@ TEST_F(Render, IconInAnySize) {
 }
 
 TEST_F(Render, HelpHasExamples) {
-    for (const char* command : {"pet", "sheet", "film", "icon", "drawer"}) {
+    for (const char* command : {"pet", "sheet", "film", "icon"}) {
         const auto result = render({command, "--help"});
         EXPECT_EQ(result.status, 0);
         EXPECT_THAT(result.output, HasSubstr("Example")) << command;

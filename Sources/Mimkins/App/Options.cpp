@@ -118,6 +118,13 @@ void describeIcon(CLI::App& render, Options& options) {
     icon->callback([&options] { options.command = Options::Command::renderIcon; });
 }
 
+void describePetPictures(CLI::App& render, Options& options) {
+    describePetPicture(render, options);
+    describeSheet(render, options);
+    describeFilm(render, options);
+    describeIcon(render, options);
+}
+
 void describeRender(CLI::App& app, Options& options) {
     auto* render = app.add_subcommand("render", "Draw a picture into a file; needs no display");
     render->require_subcommand(1);
@@ -129,12 +136,8 @@ void describeRender(CLI::App& app, Options& options) {
     drawer->add_option("--height", options.height, "Height of the drawer in points")
         ->check(CLI::Range(200, 4000));
     drawer->add_option("-o,--output", options.output, "The PNG file to write")->required()->type_name("FILE");
-    drawer->footer("Example:\n  mimkins render drawer --home DIR --scale 2 -o drawer.png");
     drawer->callback([&options] { options.command = Options::Command::renderDrawer; });
-    describePetPicture(*render, options);
-    describeSheet(*render, options);
-    describeFilm(*render, options);
-    describeIcon(*render, options);
+    describePetPictures(*render, options);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "PanelView/EdgeTab.h"
 
+#include "Base/Perf.h"
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Qt/Scheme.h"
@@ -66,8 +67,9 @@ void EdgeTab::setContent(const Content& content) {
 }
 
 void EdgeTab::keepTime() {
-    const bool glows = content_.badge.blocked && isVisible();
-    const bool wiggles = glows && content_.mayWiggle;
+    const bool wanted = content_.badge.blocked && isVisible();
+    const bool glows = wanted && !perf::off().contains("glow");
+    const bool wiggles = wanted && content_.mayWiggle;
     if (!glows) {
         glowing_.reset();
     } else if (!glowing_) {

@@ -1,5 +1,6 @@
 #include "PanelView/PanelGround.h"
 
+#include "Base/Perf.h"
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/AnimationTime.h"
 
@@ -44,7 +45,7 @@ void PanelGround::setPaused(bool paused) {
 }
 
 void PanelGround::keepTime() {
-    if (paused_) {
+    if (paused_ || perf::off().contains("ambient")) {
         border_.reset();
         particles_.reset();
         return;
