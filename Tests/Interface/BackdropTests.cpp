@@ -17,6 +17,7 @@ namespace {
 class Ground : public PanelFixture {
 protected:
     void start(const std::string& theme) {
+        panel.reset(); // it refers to the store
         settings.themeId = theme;
         PanelFixture::start();
     }

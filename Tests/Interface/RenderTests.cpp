@@ -25,7 +25,8 @@ using testing::HasSubstr;
 class Render : public testing::Test {
 protected:
     ProgramResult render(std::vector<std::string> words) {
-        std::vector<std::string> call{MIMKINS_BINARY_DIR "/Sources/Mimkins/mimkins", "render"};
+        std::vector<std::string> call{
+            MIMKINS_BINARY_DIR "/Sources/Mimkins/mimkins", "--home", folder.path(), "render"};
         call.insert(call.end(), words.begin(), words.end());
         return runProgram({call, {{"HOME", folder.path()}}, "", folder.path()});
     }
