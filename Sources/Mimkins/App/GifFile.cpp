@@ -2,6 +2,8 @@
 
 #include "App/Palette.h"
 
+#include <QFile>
+
 #include <gif_lib.h>
 
 #include <algorithm>
@@ -62,10 +64,18 @@ struct FreeColors {
     void operator()(ColorMapObject* colors) const { GifFreeMapObject(colors); }
 };
 
+int writeBytes(GifFileType* gif, const GifByteType* bytes, int count) {
+    auto* target = static_cast<QFile*>(gif->UserData);
+    return static_cast<int>(target->write(reinterpret_cast<const char*>(bytes), count));
+}
+
 class GifWriter {
 public:
     GifWriter(const std::string& file, const QSize& size)
-        : file_(EGifOpenFileName(file.c_str(), false, nullptr)), size_(size) {
+        : target_(QString::fromStdString(file)), size_(size) {
+        if (target_.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+            file_.reset(EGifOpen(&target_, writeBytes, nullptr));
+        }
         if (file_ != nullptr) {
             EGifSetGifVersion(file_.get(), true);
         }
@@ -107,7 +117,10 @@ public:
     }
 
     /// False if not everything reached the file.
-    bool end() { return EGifCloseFile(file_.release(), nullptr) == GIF_OK; }
+    bool end() {
+        const bool whole = EGifCloseFile(file_.release(), nullptr) == GIF_OK;
+        return target_.flush() && whole;
+    }
 
 private:
     bool loopForEver() {
@@ -118,7 +131,8 @@ private:
                EGifPutExtensionTrailer(file_.get()) == GIF_OK;
     }
 
-    std::unique_ptr<GifFileType, CloseFile> file_;
+    QFile target_;
+    std::unique_ptr<GifFileType, CloseFile> file_; // closed before its target
     QSize size_;
 };
 

@@ -123,11 +123,11 @@ std::vector<Rect> particleAreas(const PetTheme& theme, double t, Size size) {
         return areas;
     }
     constexpr double leastOpacity = 1.0 / 512;
-    constexpr double halfLine = 0.5;
+    constexpr double room = 1.5; // for the half of a line, and its soft edge
     for (int index = 0; index < particleCount; ++index) {
         const Particle one = particle(theme.particles, index, t, size);
         if (one.opacity >= leastOpacity) {
-            areas.push_back(squareAbout(one.center, one.radius + halfLine));
+            areas.push_back(squareAbout(one.center, one.radius + room));
         }
     }
     return areas;
