@@ -2,7 +2,7 @@
 
 packages_build="g++ cmake ninja-build pkg-config ccache libicu-dev libsimdjson-dev nlohmann-json3-dev
 libsigc++-3.0-dev libcli11-dev libacl1-dev"
-packages_interface="qt6-base-dev libxcb1-dev libgl-dev fonts-dejavu-core
+packages_interface="qt6-base-dev libxcb1-dev libgl-dev libgif-dev fonts-dejavu-core
 fonts-quicksand fonts-noto-color-emoji"
 packages_display="xvfb openbox x11-utils x11-xserver-utils imagemagick xdotool"
 packages_test="libgtest-dev libgmock-dev librapidcheck-dev strace git busybox mawk gawk original-awk bash dash

@@ -1,5 +1,6 @@
 #include "App/DrawerWindows.h"
 
+#include "Support/ManualRunLoop.h"
 #include "Support/MemoryPreferencesStore.h"
 
 #include <QGuiApplication>
@@ -45,7 +46,7 @@ class Windows : public testing::Test {
 protected:
     void start() {
         windows = std::make_unique<DrawerWindows>(
-            DrawerWindows::Parts{system, drawer, preferences, new QWidget}, PanelSettings()
+            DrawerWindows::Parts{system, drawer, preferences, loop, new QWidget}, PanelSettings()
         );
         drawerId = static_cast<WindowId>(windows->drawer().internalWinId());
         tabId = static_cast<WindowId>(windows->tab().internalWinId());
@@ -61,6 +62,7 @@ protected:
 
     FakeWindowSystem system;
     DrawerState drawer;
+    ManualRunLoop loop;
     MemoryPreferencesStore preferences;
     std::unique_ptr<DrawerWindows> windows;
     WindowId drawerId = 0;

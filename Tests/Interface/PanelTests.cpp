@@ -91,11 +91,11 @@ TEST_F(Panel, KeepsNoTimerButTheStoresWhileNobodySeesIt) {
     start();
     const auto open = loop.timers();
     drawer.setOpen(false);
-    EXPECT_EQ(loop.timers(), open - 2); // the seconds' and the pets'
+    EXPECT_EQ(loop.timers(), open - 4); // the seconds', the pets', the border's and the particles'
     drawer.setOpen(true);
     EXPECT_EQ(loop.timers(), open);
     drawer.setCovered(true);
-    EXPECT_EQ(loop.timers(), open - 2);
+    EXPECT_EQ(loop.timers(), open - 4);
 }
 
 TEST_F(Panel, ElapsedTimeGoesOnEachSecond) {

@@ -80,7 +80,7 @@ void AppDelegate::makeWindows() {
     const PanelSettings settings = panelSettingsOf(settings_, loop_.now());
     panel_ = new PanelView({*store_, drawer_, loop_, links_}, settings);
     windows_ = std::make_unique<DrawerWindows>(
-        DrawerWindows::Parts{*windowSystem_, drawer_, preferences_, panel_}, settings
+        DrawerWindows::Parts{*windowSystem_, drawer_, preferences_, loop_, panel_}, settings
     );
     panel_->onClose = [this] {
         if (drawer_.isOpen()) {
@@ -106,7 +106,7 @@ void AppDelegate::makeStatusItem() {
 
 void AppDelegate::showCounts() {
     const auto& sessions = store_->sessions();
-    windows_->tab().setContent({edgeTabBadge(sessions), drawer_.isOpen()});
+    windows_->tab().setContent({edgeTabBadge(sessions), drawer_.isOpen(), settings_.wiggleTab()});
     statusItem_->setToolTip(qt::text(status_item::toolTip(sessions)));
     auto title = status_item::title(attentionCount(sessions), settings_.menuBarCount());
     if (statusTitle_ != title) {

@@ -25,7 +25,7 @@ bool storedOpen(const PreferencesStore& preferences) {
 } // namespace
 
 DrawerWindows::DrawerWindows(Parts parts, const PanelSettings& settings)
-    : parts_(parts), settings_(settings), window_(parts.content),
+    : parts_(parts), settings_(settings), window_(parts.content), tab_(parts.loop),
       clock_([this](double seconds) { return step(seconds); }) {
     tab_.setTheme(PetTheme::named(settings_.themeId));
     connect(&tab_, &QAbstractButton::clicked, this, [this] { toggle(); });

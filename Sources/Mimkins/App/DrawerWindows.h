@@ -4,6 +4,7 @@
 #include "PanelView/FrameClock.h"
 #include "PanelView/SlideWindow.h"
 #include "Platform/PreferencesStore.h"
+#include "Platform/RunLoop.h"
 #include "Platform/WindowSystem.h"
 #include "Presentation/DrawerState.h"
 #include "Presentation/PanelFrames.h"
@@ -20,6 +21,7 @@ public:
         WindowSystem& windows;
         DrawerState& drawer;
         PreferencesStore& preferences;
+        RunLoop& loop;
         QWidget* content; ///< taken over
     };
 

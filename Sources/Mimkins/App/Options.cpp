@@ -48,7 +48,7 @@ void describeSubject(CLI::App& command, PetRenderOptions& pet) {
         ->excludes(action);
 }
 
-void describePetPictures(CLI::App& render, Options& options) {
+void describePetPicture(CLI::App& render, Options& options) {
     using Output = PetRenderOptions::Output;
     PetRenderOptions& wanted = options.pet;
     auto* pet = render.add_subcommand("pet", "One pet");
@@ -62,8 +62,15 @@ void describePetPictures(CLI::App& render, Options& options) {
     kind->add_flag_callback(
         "--stage", [&wanted] { wanted.output = Output::stage; }, "Print what is on stage as JSON"
     );
+    pet->footer("Examples:\n"
+                "  mimkins render pet --action hammering --seed 7 --size 248 -o pet.png\n"
+                "  mimkins render pet --routine cartwheel --theme paper -o pet.png\n"
+                "  mimkins render pet --action idle --clock 1000 --stage");
     pet->callback([&options] { options.command = Options::Command::renderPet; });
+}
 
+void describeSheet(CLI::App& render, Options& options) {
+    PetRenderOptions& wanted = options.pet;
     auto* sheet = render.add_subcommand("sheet", "A labelled grid of pets");
     sheet->add_option("which", wanted.sheet, "actions, work, waiting, idle, tricks, themes or heads")
         ->required()
@@ -71,18 +78,51 @@ void describePetPictures(CLI::App& render, Options& options) {
     describePet(*sheet, wanted);
     sheet->add_flag("--no-labels", wanted.noLabels, "Without names");
     sheet->add_option("-o,--output", wanted.file, "The PNG file to write")->required()->type_name("FILE");
+    sheet->footer("Examples:\n"
+                  "  mimkins render sheet work --size 124 -o work.png\n"
+                  "  mimkins render sheet heads --no-labels -o heads.png");
     sheet->callback([&options] { options.command = Options::Command::renderSheet; });
+}
 
-    auto* film = render.add_subcommand("film", "A strip of frames, or a moving picture");
+void describeFilm(CLI::App& render, Options& options) {
+    PetRenderOptions& wanted = options.pet;
+    auto* film =
+        render.add_subcommand("film", "A strip of frames, or a moving picture that goes round for ever");
     describeSubject(*film, wanted);
     describePet(*film, wanted);
-    film->add_option("--frames", wanted.frames, "How many frames (12)")->check(CLI::Range(1, 2000));
-    film->add_option("--seconds", wanted.seconds, "How long it lasts (6)")->check(CLI::Range(0.01, 600.0));
+    film->add_option("--frames", wanted.frames, "How many frames (12 in a strip, 20 a second in a GIF)")
+        ->check(CLI::Range(1, 2000))
+        ->type_name("N");
+    film->add_option("--seconds", wanted.seconds, "How long it lasts (6)")
+        ->check(CLI::Range(0.01, 600.0))
+        ->type_name("S");
     film->add_flag("--no-labels", wanted.noLabels, "Without times");
-    film->add_option("-o,--output", wanted.file, "The PNG or GIF file to write")
+    film->add_option(
+            "-o,--output", wanted.file, "The file to write: PNG for a strip, GIF for a moving picture"
+    )
         ->required()
         ->type_name("FILE");
+    film->footer("Examples:\n"
+                 "  mimkins render film --routine juggle --seconds 4 --size 124 -o juggle.gif\n"
+                 "  mimkins render film --action sleeping --frames 24 -o sleeping.png");
     film->callback([&options] { options.command = Options::Command::renderFilm; });
+}
+
+void describeIcon(CLI::App& render, Options& options) {
+    auto* icon = render.add_subcommand("icon", "The application's icon");
+    icon->add_option("--size", options.iconSide, "Side in pixels (128)")
+        ->check(CLI::Range(8, 2048))
+        ->type_name("N");
+    icon->add_option("-o,--output", options.output, "The PNG file to write")->required()->type_name("FILE");
+    icon->footer("Example:\n  mimkins render icon --size 48 -o mimkins.png");
+    icon->callback([&options] { options.command = Options::Command::renderIcon; });
+}
+
+void describePetPictures(CLI::App& render, Options& options) {
+    describePetPicture(render, options);
+    describeSheet(render, options);
+    describeFilm(render, options);
+    describeIcon(render, options);
 }
 
 void describeRender(CLI::App& app, Options& options) {

@@ -9,7 +9,7 @@ namespace mimkins {
 
 /// What the command line asks for.
 struct Options {
-    enum class Command { run, renderDrawer, renderPet, renderSheet, renderFilm };
+    enum class Command { run, renderDrawer, renderPet, renderSheet, renderFilm, renderIcon };
 
     Command command = Command::run;
     std::optional<std::string> home; ///< absolute; nothing stands for the user's own
@@ -20,6 +20,7 @@ struct Options {
     double scale = 1;         ///< pixels per point
     int height = 760;         ///< of the drawer, points
     std::string output;
+    int iconSide = 128; ///< pixels
     PetRenderOptions pet;
 };
 

@@ -2,7 +2,6 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/QtGlyphOutlines.h"
-#include "Drawing/RasterCanvas.h"
 #include "Drawing/RecordingCanvas.h"
 #include "Pet/PetPainter.h"
 
@@ -12,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iostream>
 
 namespace mimkins {
 
@@ -49,16 +49,53 @@ QBrush ground(const PetTheme& theme, const QRectF& rect) {
     return sky;
 }
 
+void drawLabel(QPainter& painter, const SheetCell& cell, const QRectF& line) {
+    painter.setPen(qt::color(cell.theme->text.resolved(cell.theme->schemeUnder(ColorScheme::light))));
+    const QString words =
+        QFontMetricsF(painter.font()).elidedText(qt::text(cell.label), Qt::ElideRight, line.width());
+    painter.drawText(line, Qt::AlignCenter, words);
+}
+
 } // namespace
+
+Bitmap bitmapOf(QImage& image) {
+    return {
+        reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+        static_cast<int>(image.bytesPerLine() / 4)};
+}
+
+int saveImage(const QImage& image, const std::string& file) {
+    if (!image.save(QString::fromStdString(file))) {
+        std::cerr << "mimkins: can't write " << file << "\n";
+        return 1;
+    }
+    return 0;
+}
 
 QImage petImage(const PetPicture& picture) {
     QImage image = emptyImage(picture.pixels, picture.pixels);
-    const Bitmap bitmap{
-        reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
-        static_cast<int>(image.bytesPerLine() / 4)};
     const ColorScheme scheme = picture.theme->schemeUnder(ColorScheme::light);
-    RasterCanvas canvas(bitmap, 1, scheme, &QtGlyphOutlines::shared());
+    RasterCanvas canvas(bitmapOf(image), 1, scheme, &QtGlyphOutlines::shared());
     drawPet(canvas, picture);
+    return image;
+}
+
+QImage petOnSky(const PetPicture& picture) {
+    QImage image = emptyImage(picture.pixels, picture.pixels);
+    QPainter painter(&image);
+    painter.fillRect(image.rect(), ground(*picture.theme, QRectF(image.rect())));
+    painter.drawImage(0, 0, petImage(picture));
+    return image;
+}
+
+QImage headImage(const MiniHead& head, const PetLook& look, double pixels) {
+    constexpr double haloRoom = 5;
+    constexpr double across = MiniHead::height + haloRoom + 2;
+    QImage image = emptyImage(pixels, pixels);
+    RasterCanvas canvas(bitmapOf(image), pixels / across, ColorScheme::light, nullptr);
+    GraphicsContext context(canvas);
+    context.translateBy((across - MiniHead::width) / 2, haloRoom + 1);
+    head.draw(context, look);
     return image;
 }
 
@@ -72,38 +109,28 @@ QImage sheetImage(const std::vector<SheetCell>& cells, int columns, bool labelle
     if (cells.empty()) {
         return {};
     }
-    const double side = cells.front().picture.pixels;
+    const double side = cells.front().image.width();
     const double gap = std::max(8.0, side / 8);
     const double labelHeight = labelled ? 16 : 0;
-    const double cellWidth = std::max(side + gap, labelled ? 96.0 : 0.0);
-    const double cellHeight = side + gap + labelHeight;
+    const QSizeF cell(std::max(side + gap, labelled ? 96.0 : 0.0), side + gap + labelHeight);
     const auto count = static_cast<int>(cells.size());
     const int rows = (count + columns - 1) / columns;
-    QImage image = emptyImage(cellWidth * std::min(columns, count), cellHeight * rows);
+    QImage image = emptyImage(cell.width() * std::min(columns, count), cell.height() * rows);
     QPainter painter(&image);
     QFont font = painter.font();
     font.setPixelSize(11);
     painter.setFont(font);
     for (int index = 0; index < count; ++index) {
-        const SheetCell& cell = cells[static_cast<std::size_t>(index)];
-        const QRectF box(
-            cellWidth * (index % columns), cellHeight * (index / columns), cellWidth, cellHeight
-        );
-        painter.fillRect(box, ground(*cell.picture.theme, box));
+        const SheetCell& shown = cells[static_cast<std::size_t>(index)];
+        const QPointF corner(cell.width() * (index % columns), cell.height() * (index / columns));
+        const QRectF box(corner, cell);
+        painter.fillRect(box, ground(*shown.theme, box));
         painter.drawImage(
-            QPointF(std::floor(box.x() + (cellWidth - side) / 2), std::floor(box.y() + gap / 2)),
-            petImage(cell.picture)
+            QPointF(std::floor(box.x() + (cell.width() - side) / 2), std::floor(box.y() + gap / 2)),
+            shown.image
         );
-        painter.setPen(qt::color(
-            cell.picture.theme->text.resolved(cell.picture.theme->scheme.value_or(ColorScheme::light))
-        ));
         if (labelled) {
-            const QString words =
-                QFontMetricsF(font).elidedText(qt::text(cell.label), Qt::ElideRight, cellWidth - 4);
-            painter.drawText(
-                QRectF(box.x(), box.bottom() - labelHeight - 2, cellWidth, labelHeight), Qt::AlignCenter,
-                words
-            );
+            drawLabel(painter, shown, box.adjusted(2, cell.height() - labelHeight - 2, -2, -2));
         }
     }
     return image;

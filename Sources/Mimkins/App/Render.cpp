@@ -76,7 +76,7 @@ int renderDrawer(const Options& options, const Paths& paths) {
     const auto frames =
         panel::framesDownwards({screen, panelSettings.panelWidth, panelSettings.tabPosition}, true);
     drawer.resize(static_cast<int>(frames.panel.width), static_cast<int>(frames.panel.height));
-    EdgeTab tab;
+    EdgeTab tab(loop);
     tab.setTheme(PetTheme::named(panelSettings.themeId));
     tab.setContent({edgeTabBadge(store.sessions()), true});
     if (!compose(drawer, tab, frames).save(QString::fromStdString(options.output), "PNG")) {

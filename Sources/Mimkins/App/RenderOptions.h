@@ -29,8 +29,8 @@ struct PetRenderOptions {
 
     std::string sheet; ///< which contact sheet
     bool noLabels = false;
-    int frames = 12;    ///< of a film
-    double seconds = 6; ///< that a film shows
+    std::optional<int> frames; ///< of a film; absent gives 12 in a strip, 20 a second in a moving picture
+    double seconds = 6;        ///< that a film shows
 };
 
 } // namespace mimkins

@@ -1,17 +1,25 @@
 #include "App/RenderPet.h"
 
+#include "App/GifFile.h"
 #include "App/PetPictures.h"
 #include "Pet/PosterTime.h"
 #include "Pet/Stage.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <iostream>
+#include <string_view>
+#include <utility>
 
 namespace mimkins {
 
 namespace {
 
 using Output = PetRenderOptions::Output;
+
+/// A film begins this many seconds into its time, since a routine at 0 is shown at its best moment.
+constexpr double justAfter = 1e-9;
 
 PetLook lookOf(const PetRenderOptions& options, const PetTheme& theme) {
     PetLook look;
@@ -66,14 +74,6 @@ PetPicture pictureOf(const PetRenderOptions& options, Routine routine, double t)
     return picture;
 }
 
-int save(const QImage& image, const std::string& file) {
-    if (!image.save(QString::fromStdString(file))) {
-        std::cerr << "mimkins: can't write " << file << "\n";
-        return 1;
-    }
-    return 0;
-}
-
 std::optional<PetAction> knownAction(const std::string& word) {
     const auto action = petActionNamed(word);
     if (!action) {
@@ -117,6 +117,10 @@ std::optional<PetPicture> askedFor(const PetRenderOptions& options, double later
     return picture;
 }
 
+SheetCell cellOf(const PetPicture& picture, std::string label) {
+    return {petImage(picture), picture.theme, std::move(label)};
+}
+
 struct SheetRange {
     std::string_view name;
     Routine first;
@@ -140,7 +144,7 @@ std::vector<SheetCell> routineCells(const PetRenderOptions& options, const Sheet
         if (range.name == "tricks") {
             one.effort = routine == Routine::guruHover ? 2 : 1;
         }
-        cells.push_back({pictureOf(one, routine, posterTime(routine)), std::string(name(routine))});
+        cells.push_back(cellOf(pictureOf(one, routine, posterTime(routine)), std::string(name(routine))));
     }
     return cells;
 }
@@ -151,7 +155,7 @@ std::vector<SheetCell> actionCells(const PetRenderOptions& options) {
         const auto action = static_cast<PetAction>(index);
         PetRenderOptions one = options;
         one.seed = options.seed + index * 37;
-        cells.push_back({pictureOf(one, action), std::string(name(action))});
+        cells.push_back(cellOf(pictureOf(one, action), std::string(name(action))));
     }
     return cells;
 }
@@ -165,10 +169,83 @@ std::vector<SheetCell> themeCells(const PetRenderOptions& options) {
         one.theme = theme.id;
         for (const PetAction action : shown) {
             one.seed += 41;
-            cells.push_back({pictureOf(one, action), std::string(theme.id)});
+            cells.push_back(cellOf(pictureOf(one, action), std::string(theme.id)));
         }
     }
     return cells;
+}
+
+/// A row for each theme: three heads, each without a boost, with a band and with a halo.
+std::vector<SheetCell> headCells(const PetRenderOptions& options) {
+    constexpr std::array boosts{"", " high", " top"};
+    constexpr std::uint64_t seeds = 3;
+    std::vector<SheetCell> cells;
+    for (const PetTheme& theme : PetTheme::all()) {
+        const PetLook look = lookOf(options, theme);
+        for (std::uint64_t index = 0; index < seeds; ++index) {
+            for (std::size_t boost = 0; boost < boosts.size(); ++boost) {
+                const MiniHead head{options.seed + index * 97, static_cast<int>(boost)};
+                cells.push_back(
+                    {headImage(head, look, options.size), &theme, std::string(theme.id) + boosts[boost]}
+                );
+            }
+        }
+    }
+    return cells;
+}
+
+std::vector<SheetCell> sheetCells(const PetRenderOptions& options) {
+    if (options.sheet == "actions") {
+        return actionCells(options);
+    }
+    if (options.sheet == "themes") {
+        return themeCells(options);
+    }
+    if (options.sheet == "heads") {
+        return headCells(options);
+    }
+    for (const SheetRange& range : ranges) {
+        if (range.name == options.sheet) {
+            return routineCells(options, range);
+        }
+    }
+    return {};
+}
+
+int columnsOf(std::string_view sheet) {
+    return sheet == "themes" ? 6 : sheet == "heads" ? 9 : 7;
+}
+
+bool isGif(const std::string& file) {
+    return QString::fromStdString(file).endsWith(".gif", Qt::CaseInsensitive);
+}
+
+int renderGif(const PetRenderOptions& options) {
+    constexpr double usualRate = 20; // a second; a whole number of hundredths each
+    Film film;
+    film.frames = options.frames.value_or(std::max(1, static_cast<int>(options.seconds * usualRate)));
+    film.frameSeconds = options.seconds / film.frames;
+    film.frame = [&](int frame) {
+        return petOnSky(*askedFor(options, film.frameSeconds * frame + justAfter));
+    };
+    if (!writeGif(film, options.file)) {
+        std::cerr << "mimkins: can't write " << options.file << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+int renderStrip(const PetRenderOptions& options) {
+    constexpr int usualFrames = 12;
+    const int frames = options.frames.value_or(usualFrames);
+    std::vector<SheetCell> cells;
+    for (int frame = 0; frame < frames; ++frame) {
+        const double later = options.seconds * frame / frames;
+        cells.push_back(
+            cellOf(*askedFor(options, later + justAfter), QString::number(later, 'f', 2).toStdString() + " s")
+        );
+    }
+    return saveImage(sheetImage(cells, usualFrames, !options.noLabels), options.file);
 }
 
 } // namespace
@@ -190,38 +267,23 @@ int renderPet(const PetRenderOptions& options) {
         std::cout << petCommands(*picture);
         return 0;
     }
-    return save(petImage(*picture), options.file);
+    return saveImage(petImage(*picture), options.file);
 }
 
 int renderSheet(const PetRenderOptions& options) {
-    std::vector<SheetCell> cells;
-    int columns = 7;
-    if (options.sheet == "actions") {
-        cells = actionCells(options);
-    } else if (options.sheet == "themes") {
-        cells = themeCells(options);
-        columns = 6;
-    } else {
-        for (const SheetRange& range : ranges) {
-            if (range.name == options.sheet) {
-                cells = routineCells(options, range);
-            }
-        }
-    }
-    return save(sheetImage(cells, columns, !options.noLabels), options.file);
+    const auto cells = sheetCells(options);
+    return saveImage(sheetImage(cells, columnsOf(options.sheet), !options.noLabels), options.file);
 }
 
-int renderFilm(const PetRenderOptions& options) {
-    std::vector<SheetCell> cells;
-    for (int frame = 0; frame < options.frames; ++frame) {
-        const double later = options.seconds * frame / options.frames;
-        auto picture = askedFor(options, later + 1e-9);
-        if (!picture) {
-            return 1;
-        }
-        cells.push_back({*picture, QString::number(later, 'f', 2).toStdString() + " s"});
+int renderFilm(const PetRenderOptions& given) {
+    PetRenderOptions options = given;
+    if (!options.clock && !options.routine) {
+        options.clock = now(); // one for all frames
     }
-    return save(sheetImage(cells, 12, !options.noLabels), options.file);
+    if (!askedFor(options, justAfter)) {
+        return 1;
+    }
+    return isGif(options.file) ? renderGif(options) : renderStrip(options);
 }
 
 } // namespace mimkins

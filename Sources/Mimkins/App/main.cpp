@@ -1,4 +1,5 @@
 #include "App/AppDelegate.h"
+#include "App/IconPicture.h"
 #include "App/Options.h"
 #include "App/Render.h"
 #include "App/RenderPet.h"
@@ -59,6 +60,8 @@ int run(QApplication& application, const Paths& paths, const Options& options) {
         }
         return told ? 0 : 1;
     }
+    QApplication::setDesktopFileName("app.mimkins");
+    QApplication::setWindowIcon(applicationIcon());
     AppDelegate delegate(paths);
     delegate.launch(AppDelegate::Launch::normal);
     [[maybe_unused]] const Handle listening =
@@ -79,6 +82,8 @@ int render(const Options& options, const Paths& paths) {
         return renderSheet(options.pet);
     case Options::Command::renderFilm:
         return renderFilm(options.pet);
+    case Options::Command::renderIcon:
+        return renderIcon(options.iconSide, options.output);
     default:
         return renderDrawer(options, paths);
     }

@@ -1,10 +1,14 @@
 #include "PanelView/EdgeTab.h"
 
+#include "Base/Perf.h"
 #include "Drawing/Qt/Conversions.h"
+#include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Qt/Scheme.h"
 #include "Drawing/Qt/Shapes.h"
+#include "PanelView/AnimationTime.h"
 #include "Presentation/PanelFrames.h"
 #include "Presentation/StatusItem.h"
+#include "Presentation/Wiggle.h"
 
 #include <QContextMenuEvent>
 #include <QPainter>
@@ -23,7 +27,10 @@ constexpr double badgeWidth = 17;
 constexpr double badgeHeight = 16;
 constexpr double badgePoints = 11;
 constexpr double calmOpacity = 0.85;
-constexpr double outlineOpacity = 0.8;
+
+/// Between two frames, seconds.
+constexpr double glowInterval = 0.1;
+constexpr double wiggleInterval = 1.0 / 30;
 
 QString badgeText(std::int64_t count) {
     constexpr std::int64_t most = 99;
@@ -32,7 +39,7 @@ QString badgeText(std::int64_t count) {
 
 } // namespace
 
-EdgeTab::EdgeTab() : theme_(PetTheme::nightSky()), typography_(theme_.font, 1) {
+EdgeTab::EdgeTab(RunLoop& loop) : loop_(loop), theme_(PetTheme::nightSky()), typography_(theme_.font, 1) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_Hover);
@@ -55,7 +62,39 @@ void EdgeTab::setContent(const Content& content) {
     }
     content_ = content;
     describe();
+    keepTime();
     update();
+}
+
+void EdgeTab::keepTime() {
+    const bool wanted = content_.badge.blocked && isVisible();
+    const bool glows = wanted && !perf::off().contains("glow");
+    const bool wiggles = wanted && content_.mayWiggle;
+    if (!glows) {
+        glowing_.reset();
+    } else if (!glowing_) {
+        glowMoment_ = animationTime(loop_.now());
+        glowing_ = loop_.every(glowInterval, [this] { glow(); });
+    }
+    if (!wiggles) {
+        wiggling_.reset();
+        offset_ = 0;
+    } else if (!wiggling_) {
+        wiggling_ = loop_.every(wiggleInterval, [this] { wiggle(); });
+    }
+}
+
+void EdgeTab::glow() {
+    glowMoment_ = animationTime(loop_.now());
+    update();
+}
+
+void EdgeTab::wiggle() {
+    const double offset = wiggleOffset(animationTime(loop_.now()));
+    if (offset_ != offset) {
+        offset_ = offset;
+        update();
+    }
 }
 
 void EdgeTab::describe() {
@@ -69,7 +108,11 @@ bool EdgeTab::event(QEvent* event) {
     if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
         update();
     }
-    return QAbstractButton::event(event);
+    const bool handled = QAbstractButton::event(event);
+    if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
+        keepTime();
+    }
+    return handled;
 }
 
 void EdgeTab::contextMenuEvent(QContextMenuEvent* event) {
@@ -89,41 +132,54 @@ void EdgeTab::drawChevron(QPainter& painter, const QRectF& box) const {
     painter.drawPath(path);
 }
 
-void EdgeTab::drawBadge(QPainter& painter, const QRectF& box) const {
+void EdgeTab::drawBadge(QPainter& painter, double middle, double top) const {
+    const QFont font = typography_.font(badgePoints, QFont::Black);
+    const QString words = badgeText(content_.badge.count);
+    const double wanted = QFontMetricsF(font).horizontalAdvance(words) + 6;
+    const double width = std::min(std::max(wanted, badgeWidth), static_cast<double>(this->width()) - 2);
+    const QRectF box(middle - width / 2, top, width, badgeHeight);
     painter.setPen(Qt::NoPen);
     painter.setBrush(qt::color(content_.badge.blocked ? theme_.waiting : theme_.yourTurn));
     painter.drawRoundedRect(box, box.height() / 2, box.height() / 2);
-    painter.setFont(typography_.font(badgePoints, QFont::Black));
+    painter.setFont(font);
     painter.setPen(qt::color(Color::black(0.8)));
-    painter.drawText(box, Qt::AlignCenter, badgeText(content_.badge.count));
+    painter.drawText(box, Qt::AlignCenter, words);
 }
 
-void EdgeTab::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF area(rect());
-    const QPainterPath shape = edgeShape(area, tabRadius);
-    backdrop_.draw(painter, theme_, {shape, size(), devicePixelRatioF()});
-    if (content_.badge.blocked) {
-        painter.setClipPath(shape);
-        painter.strokePath(shape, QPen(qt::color(theme_.waiting.faded(outlineOpacity)), 4));
-    }
+void EdgeTab::drawGlow(QPainter& painter) const {
+    constexpr double halfLine = 1;
+    PainterCanvas canvas(painter, systemScheme());
+    GraphicsContext context(canvas);
+    const Size size{static_cast<double>(width()), static_cast<double>(height())};
+    drawGlowFrame(context, edgePath(size, tabRadius, halfLine), {theme_.waiting, 0}, glowMoment_);
+}
+
+void EdgeTab::drawColumn(QPainter& painter) const {
     const QColor ink = qt::color(theme_.text.faded(underMouse() ? 1.0 : calmOpacity));
     const bool counted = content_.badge.count > 0;
-    const double height = chevronSide + spacing + iconSide + (counted ? spacing + badgeHeight : 0);
+    const QRectF area(rect());
+    const double column = chevronSide + spacing + iconSide + (counted ? spacing + badgeHeight : 0);
     const double middle = area.center().x();
-    double y = (area.height() - height) / 2;
+    double y = (area.height() - column) / 2;
     painter.setPen(QPen(ink, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     drawChevron(painter, {middle - chevronSide / 2, y, chevronSide, chevronSide});
     y += chevronSide + spacing;
     painter.fillPath(appIconPath({middle - iconSide / 2, y, iconSide, iconSide}), ink);
     y += iconSide + spacing;
     if (counted) {
-        const QFontMetricsF metrics(typography_.font(badgePoints, QFont::Black));
-        const double words = metrics.horizontalAdvance(badgeText(content_.badge.count)) + 6;
-        const double width = std::min(std::max(words, badgeWidth), area.width() - 2);
-        drawBadge(painter, {middle - width / 2, y, width, badgeHeight});
+        drawBadge(painter, middle, y);
     }
+}
+
+void EdgeTab::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(offset_, 0);
+    backdrop_.draw(painter, QRegion(rect()), theme_, {size(), tabRadius, devicePixelRatioF()});
+    if (content_.badge.blocked) {
+        drawGlow(painter);
+    }
+    drawColumn(painter);
 }
 
 } // namespace mimkins

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Base/Handle.h"
 #include "PanelView/Backdrop.h"
 #include "PanelView/Typography.h"
+#include "Platform/RunLoop.h"
 #include "Presentation/EdgeTabBadge.h"
 
 #include <QAbstractButton>
@@ -11,22 +13,31 @@
 namespace mimkins {
 
 /// The handle at the screen's edge: opens and shuts the drawer, and says how many sessions want the user.
+/// While one of them is blocked its outline glows, and it shivers if it may.
 class EdgeTab final : public QAbstractButton {
 public:
     struct Content {
         EdgeTabBadge badge;
         bool drawerIsOpen = false;
+        bool mayWiggle = true;
 
         friend bool operator==(const Content&, const Content&) = default;
     };
 
-    EdgeTab();
+    /// The loop outlives it.
+    explicit EdgeTab(RunLoop& loop);
 
     /// Asks for the application's menu at a place of the screen.
     std::function<void(QPoint)> onMenu;
 
     void setContent(const Content& content);
     void setTheme(const PetTheme& theme);
+
+    /// The moment that the glow shows, in seconds since 1 January 2001.
+    double glowMoment() const { return glowMoment_; }
+
+    /// How far to the right it is drawn, points.
+    double offset() const { return offset_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -35,13 +46,23 @@ protected:
 
 private:
     void describe();
+    void keepTime();
+    void glow();
+    void wiggle();
+    void drawGlow(QPainter& painter) const;
+    void drawColumn(QPainter& painter) const;
     void drawChevron(QPainter& painter, const QRectF& box) const;
-    void drawBadge(QPainter& painter, const QRectF& box) const;
+    void drawBadge(QPainter& painter, double middle, double top) const;
 
+    RunLoop& loop_;
     PetTheme theme_; ///< with plain colours
     Typography typography_;
     Content content_;
     Backdrop backdrop_;
+    double glowMoment_ = 0;
+    double offset_ = 0;
+    Handle glowing_;
+    Handle wiggling_;
 };
 
 } // namespace mimkins

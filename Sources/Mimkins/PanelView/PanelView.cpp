@@ -1,11 +1,11 @@
 #include "PanelView/PanelView.h"
 
 #include "Drawing/Qt/Scheme.h"
-#include "Drawing/Qt/Shapes.h"
 #include "NextUp/OpenSession.h"
 #include "Presentation/SessionPet.h"
 
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -27,7 +27,8 @@ PetTheme shownTheme(const std::string& id) {
 
 PanelView::PanelView(Parts parts, PanelSettings settings)
     : parts_(parts), settings_(std::move(settings)), theme_(shownTheme(settings_.themeId)),
-      header_(new PanelHeader), list_(new SessionList(look())), empty_(new EmptyState) {
+      header_(new PanelHeader), list_(new SessionList(look())), empty_(new EmptyState),
+      confetti_(new Confetti(this, parts_.loop)), ground_(*this, parts_.loop, theme_) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -40,6 +41,7 @@ PanelView::PanelView(Parts parts, PanelSettings settings)
     sessionsConnection_ = parts_.store.sessionsChanged().connect([this] { showSessions(); });
     drawerConnection_ = parts_.drawer.changed().connect([this] { followDrawer(); });
     setAccessibleName("Mimkins");
+    confetti_->setParty(settings_.motion.party);
     list_->setPaused(true); // the first list stands there at once
     showSessions();
     followDrawer();
@@ -63,6 +65,8 @@ void PanelView::setSettings(const PanelSettings& settings) {
     header_->setLook(theme_, look().typography);
     empty_->setLook(theme_, look().typography);
     list_->setLook(look());
+    ground_.themeChanged();
+    confetti_->setParty(settings_.motion.party);
     showSessions();
     update();
 }
@@ -82,6 +86,8 @@ void PanelView::showSessions() {
 }
 
 void PanelView::followDrawer() {
+    ground_.setPaused(parts_.drawer.animationsPaused());
+    confetti_->setPaused(parts_.drawer.animationsPaused());
     list_->setPaused(parts_.drawer.animationsPaused());
     header_->present(parts_.drawer.mode(), summary(parts_.store.sessions()));
     if (highlighted_ != parts_.drawer.highlightedId()) {
@@ -135,9 +141,9 @@ void PanelView::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void PanelView::paintEvent(QPaintEvent*) {
+void PanelView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    backdrop_.draw(painter, theme_, {edgeShape(QRectF(rect()), drawerRadius), size(), devicePixelRatioF()});
+    ground_.draw(painter, event->region());
 }
 
 } // namespace mimkins

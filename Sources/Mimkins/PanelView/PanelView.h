@@ -1,7 +1,8 @@
 #pragma once
 
-#include "PanelView/Backdrop.h"
+#include "PanelView/Confetti.h"
 #include "PanelView/EmptyState.h"
+#include "PanelView/PanelGround.h"
 #include "PanelView/PanelHeader.h"
 #include "PanelView/SessionList.h"
 #include "Platform/LinkOpener.h"
@@ -43,6 +44,10 @@ public:
 
     const EmptyState& emptyState() const { return *empty_; }
 
+    const Backdrop& backdrop() const { return ground_.backdrop(); }
+
+    const Confetti& confetti() const { return *confetti_; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -60,7 +65,8 @@ private:
     PanelHeader* header_;
     SessionList* list_;
     EmptyState* empty_;
-    Backdrop backdrop_;
+    Confetti* confetti_;
+    PanelGround ground_;
     std::optional<std::string> highlighted_;
     sigc::connection sessionsConnection_;
     sigc::connection drawerConnection_;

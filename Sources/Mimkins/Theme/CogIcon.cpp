@@ -10,33 +10,37 @@ namespace {
 constexpr double blinkCycle = 4.1;
 constexpr double blinkLength = 0.14;
 
-/// A tooth that points away from the middle, as a path of its own turned by an angle.
+constexpr double quarter = std::numbers::pi / 2;
+constexpr int teeth = 8;
+
+/// Half of a tooth's width, as a share of the gear's radius.
+constexpr double halfTooth = 0.17;
+constexpr double toothTop = 0.98;
+constexpr double toothCorner = 0.1;
+constexpr double disc = 0.72;
+
+/// The outline of a tooth, turned by an angle, from where it leaves the disc to where it comes back to it.
+/// Its foot lies inside the disc, so that its lower corners aren't seen.
 void addTooth(Path& gear, double r, double angle) {
-    const double left = -0.17 * r;
-    const double top = -0.98 * r;
-    const double bottom = top + 0.4 * r;
-    const double corner = 0.1 * r;
     const Transform turn = Transform::rotation(angle);
-    const auto at = [&](double x, double y) { return turn.apply({x, y}); };
-    gear.move(at(left, bottom - corner));
-    gear.addLine(at(left, top + corner));
-    gear.addQuadCurve(at(left + corner, top), at(left, top));
-    gear.addLine(at(-left - corner, top));
-    gear.addQuadCurve(at(-left, top + corner), at(-left, top));
-    gear.addLine(at(-left, bottom - corner));
-    gear.addQuadCurve(at(-left - corner, bottom), at(-left, bottom));
-    gear.addLine(at(left + corner, bottom));
-    gear.addQuadCurve(at(left, bottom - corner), at(left, bottom));
-    gear.closeSubpath();
+    const double side = (halfTooth - toothCorner) * r;
+    const double shoulder = -(toothTop - toothCorner) * r;
+    const double corner = toothCorner * r;
+    gear.addArc(turn.apply({-side, shoulder}), corner, angle - 2 * quarter, angle - quarter);
+    gear.addArc(turn.apply({side, shoulder}), corner, angle - quarter, angle);
 }
 
+/// Teeth and disc as one outline.
 Path gearPath(double r) {
+    const double reach = std::asin(halfTooth / disc); // the angle from a tooth's middle to its side
+    const double pitch = 2 * std::numbers::pi / teeth;
     Path gear;
-    for (int tooth = 0; tooth < 8; ++tooth) {
-        addTooth(gear, r, tooth * std::numbers::pi / 4);
+    for (int tooth = 0; tooth < teeth; ++tooth) {
+        const double angle = tooth * pitch;
+        addTooth(gear, r, angle);
+        gear.addArc({0, 0}, disc * r, angle - quarter + reach, angle + pitch - quarter - reach);
     }
-    const double disc = 0.72 * r;
-    gear.addEllipse({-disc, -disc, 2 * disc, 2 * disc});
+    gear.closeSubpath();
     return gear;
 }
 
@@ -61,9 +65,8 @@ void drawCog(GraphicsContext& context, const std::vector<Color>& colors, const C
     centred.translateBy(r, r);
     centred.rotate(cog.turn);
     const Path gear = gearPath(r);
-    // Teeth and disc overlap: the outline lies under the fill, so that none of it is seen inside.
-    centred.stroke(gear, Color::black(0.35), StrokeStyle::round(2 * 0.08 * r));
     centred.fill(gear, LinearGradient{Gradient(colors), {0, -r}, {0, r}});
+    centred.stroke(gear, Color::black(0.35), StrokeStyle::plain(0.08 * r));
     drawFace(centred, r, t);
 }
 

@@ -19,8 +19,15 @@ void drawTexture(GraphicsContext& context, Texture texture, Size size);
 /// Fourteen particles that drift over the panel, in the theme's colours by turns.
 void drawParticles(GraphicsContext& context, const PetTheme& theme, double t, Size size);
 
-/// Strokes a shape that has been inset by half of the border's width. The colours of a travelling border go
-/// once round the middle in 24 seconds.
+/// The rectangles that the particles lie in at that moment; those too faint to be seen are left out.
+std::vector<Rect> particleAreas(const PetTheme& theme, double t, Size size);
+
+/// A shape that hugs the right edge of the screen, its left corners rounded, its right ones square, inset on
+/// every side.
+Path edgePath(Size size, double radius, double inset);
+
+/// Strokes a shape that has been inset by the border's width. The colours of a travelling border go once
+/// round the middle in 24 seconds.
 void drawBorder(GraphicsContext& context, const Path& shape, const PetTheme& theme, Size size, double t);
 
 struct Cog {
@@ -33,6 +40,9 @@ void drawCog(GraphicsContext& context, const std::vector<Color>& colors, const C
 
 /// A shower of sixty pieces of paper that never ends.
 void drawConfetti(GraphicsContext& context, double t, Size size);
+
+/// The squares that the papers lie in at that moment.
+std::vector<Rect> confettiAreas(double t, Size size);
 
 /// How bright the outline of whoever waits glows at a moment, from 0 to 1.
 double glowPulse(double t);

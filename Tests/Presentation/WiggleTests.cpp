@@ -1,0 +1,44 @@
+#include "Presentation/Wiggle.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace mimkins::test {
+
+namespace {
+
+TEST(WiggleOffset, IsAShakeThatDiesAwayWithinHalfASecond) {
+    for (const double start : {0.0, 2.2, 22.0}) {
+        for (int step = 0; step < 220; ++step) {
+            const double t = step * 0.01;
+            const double expected = t < 0.5 ? 2 * (0.5 - t) * 3 * std::sin(40 * t) : 0;
+            EXPECT_NEAR(wiggleOffset(start + t), expected, 1e-6) << start << " " << t;
+        }
+    }
+}
+
+TEST(WiggleOffset, BeginsAndEndsWithoutAJump) {
+    EXPECT_EQ(wiggleOffset(0), 0);
+    EXPECT_NEAR(wiggleOffset(0.4999), 0, 0.001);
+    EXPECT_EQ(wiggleOffset(0.5), 0);
+    EXPECT_EQ(wiggleOffset(2.1), 0);
+}
+
+TEST(WiggleOffset, GoesBothWaysAndNeverFar) {
+    double least = 0;
+    double most = 0;
+    for (int step = 0; step < 500; ++step) {
+        least = std::min(least, wiggleOffset(step * 0.001));
+        most = std::max(most, wiggleOffset(step * 0.001));
+    }
+    EXPECT_LT(least, -2);
+    EXPECT_GT(most, 2);
+    EXPECT_GT(least, -3);
+    EXPECT_LT(most, 3);
+}
+
+} // namespace
+
+} // namespace mimkins::test
