@@ -3,7 +3,9 @@
 #include "PanelView/Backdrop.h"
 #include "PanelView/EmptyState.h"
 #include "PanelView/PanelHeader.h"
+#include "PanelView/ScreenFade.h"
 #include "PanelView/SessionList.h"
+#include "PanelView/SweepView.h"
 #include "Platform/LinkOpener.h"
 #include "Presentation/DrawerState.h"
 #include "Presentation/PanelSettings.h"
@@ -16,7 +18,7 @@
 
 namespace mimkins {
 
-/// The content of the drawer: the header, and below it the list of sessions.
+/// The content of the drawer: the header, and below it one of the screens.
 class PanelView final : public QWidget {
 public:
     struct Parts {
@@ -37,11 +39,17 @@ public:
 
     const PanelHeader& header() const { return *header_; }
 
+    PanelHeader& header() { return *header_; }
+
     const SessionList& list() const { return *list_; }
 
     SessionList& list() { return *list_; }
 
     const EmptyState& emptyState() const { return *empty_; }
+
+    const SweepView& sweep() const { return *sweep_; }
+
+    const ScreenFade& screenFade() const { return *fade_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -50,7 +58,13 @@ protected:
 private:
     CardLook look() const;
     void showSessions();
+    void showSweep();
+    void showScreen();
+    void changeScreen();
+    QWidget* screen() const;
     void followDrawer();
+    void beat();
+    void animate();
     void keepTime();
     void open(const std::string& id);
 
@@ -60,9 +74,13 @@ private:
     PanelHeader* header_;
     SessionList* list_;
     EmptyState* empty_;
+    SweepView* sweep_;
+    ScreenFade* fade_;
+    DrawerMode mode_ = DrawerMode::pets; ///< of the screen that shows
     Backdrop backdrop_;
     std::optional<std::string> highlighted_;
     sigc::connection sessionsConnection_;
+    sigc::connection sweepConnection_;
     sigc::connection drawerConnection_;
     Handle beat_;
     Handle frames_;
