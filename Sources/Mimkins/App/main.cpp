@@ -79,6 +79,8 @@ int render(const Options& options, const Paths& paths) {
         return renderSheet(options.pet);
     case Options::Command::renderFilm:
         return renderFilm(options.pet);
+    case Options::Command::renderHud:
+        return renderHud(options, paths);
     default:
         return renderDrawer(options, paths);
     }
