@@ -3,6 +3,7 @@
 #include "App/PanelSettingsOf.h"
 #include "App/StatusPicture.h"
 #include "Drawing/Qt/Conversions.h"
+#include "Platform/Qt/XcbHotKeys.h"
 #include "Platform/Qt/XcbWindowSystem.h"
 #include "Presentation/StatusItem.h"
 #include "Presentation/Summary.h"
@@ -25,20 +26,6 @@ class NoSounds final : public SoundPlayer {
 public:
     void play(const std::string&) override {}
 };
-
-std::string shortcutWords(Hotkey hotkey) {
-    switch (hotkey) {
-    case Hotkey::optCmdP:
-        return "⌥⌘P";
-    case Hotkey::ctrlOptP:
-        return "⌃⌥P";
-    case Hotkey::ctrlOptSpace:
-        return "⌃⌥Space";
-    case Hotkey::off:
-        break;
-    }
-    return {};
-}
 
 } // namespace
 
@@ -71,6 +58,7 @@ void AppDelegate::launch(Launch launch) {
     makeWindows();
     makeStatusItem();
     client_.login().enableOnFirstRun(preferences_);
+    makeNextUp();
     followSettings();
     client_.start();
 }
@@ -104,6 +92,19 @@ void AppDelegate::makeStatusItem() {
     statusItem_->show();
 }
 
+void AppDelegate::makeNextUp() {
+    hud_ = std::make_unique<HUD>(HUD::Parts{loop_, *windowSystem_});
+    nextUp_ = std::make_unique<NextUpControl>(NextUpControl::Parts{
+        *store_, drawer_, loop_, links_, [this] { windows_->bringForward(); },
+        [this](const Notice& notice) { hud_->show(notice, PetTheme::named(settings_.themeId())); }});
+    hotKeys_ = makeHotKeys({loop_, loop_});
+    hotKey_ = std::make_unique<HotKeyRegistration>(
+        HotKeyRegistration::Parts{*hotKeys_, preferences_, loop_}, [this] { nextUp_->nextUp(); }
+    );
+    hotKey_->use(settings_.hotkey());
+    settings_.hotkey.changed().connect([this](const Hotkey& hotkey) { hotKey_->use(hotkey); });
+}
+
 void AppDelegate::showCounts() {
     const auto& sessions = store_->sessions();
     windows_->tab().setContent({edgeTabBadge(sessions), drawer_.isOpen(), settings_.wiggleTab()});
@@ -119,11 +120,13 @@ void AppDelegate::fillStatusMenu(QMenu& menu) {
     status_item::MenuState state;
     state.drawerIsOpen = drawer_.isOpen();
     state.opensAtLogin = client_.login().isOn();
-    state.shortcut = shortcutWords(settings_.hotkey());
+    state.shortcut = label(settings_.hotkey());
     fillMenu(
         menu, status_item::menu(state),
         {
             {status_item::Action::toggleWindow, [this] { windows_->toggle(); }},
+            {status_item::Action::nextUp, [this] { nextUp_->nextUp(); }},
+            {status_item::Action::openWrapUp, [this] { nextUp_->openWrapUp(); }},
             {status_item::Action::toggleLoginItem, [this] { client_.login().set(!client_.login().isOn()); }},
             {status_item::Action::quit, [] { QApplication::quit(); }},
         }

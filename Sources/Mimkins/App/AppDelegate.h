@@ -2,7 +2,9 @@
 
 #include "App/ClientConnection.h"
 #include "App/DrawerWindows.h"
+#include "App/NextUpControl.h"
 #include "Base/Paths.h"
+#include "HUD/HUD.h"
 #include "PanelView/PanelView.h"
 #include "Platform/Linux/InotifyFolderWatcher.h"
 #include "Platform/Linux/JsonPreferencesStore.h"
@@ -18,6 +20,7 @@
 #include "Presentation/DrawerState.h"
 #include "SessionStore/SessionStore.h"
 #include "Settings/AppSettings.h"
+#include "Settings/HotKeyRegistration.h"
 
 #include <memory>
 #include <optional>
@@ -52,6 +55,7 @@ public:
 private:
     void makeWindows();
     void makeStatusItem();
+    void makeNextUp();
     void followSettings();
     void showCounts();
     void fillStatusMenu(QMenu& menu);
@@ -76,6 +80,10 @@ private:
     std::unique_ptr<WindowSystem> windowSystem_;
     PanelView* panel_ = nullptr; // belongs to the windows
     std::unique_ptr<DrawerWindows> windows_;
+    std::unique_ptr<HUD> hud_;
+    std::unique_ptr<NextUpControl> nextUp_;
+    std::unique_ptr<HotKeys> hotKeys_;
+    std::unique_ptr<HotKeyRegistration> hotKey_;
     QMenu tabMenu_;
     std::unique_ptr<TrayItem> statusItem_;
     std::optional<std::string> statusTitle_;

@@ -125,18 +125,42 @@ void describePetPictures(CLI::App& render, Options& options) {
     describeIcon(render, options);
 }
 
+using Command = Options::Command;
+
+/// A picture of what is made of a home's sessions.
+struct Screen {
+    const char* name;
+    const char* purpose;
+    Command command;
+};
+
+void describeScreen(CLI::App& render, Options& options, const Screen& screen) {
+    auto* command = render.add_subcommand(screen.name, screen.purpose);
+    command->add_option("--home", options.home, "The home folder whose sessions are shown")->type_name("DIR");
+    command->add_option("--at", options.at, "The moment shown, in milliseconds since 1970 (else now)")
+        ->type_name("MS");
+    command->add_option("--theme", options.theme, "The theme's id (else that of the settings)")
+        ->type_name("ID");
+    command->add_option("--scale", options.scale, "Pixels per point")->check(CLI::Range(0.5, 8.0));
+    if (screen.command != Command::renderHud) {
+        command->add_option("--height", options.height, "Height of the drawer in points")
+            ->check(CLI::Range(200, 4000));
+    }
+    command->add_option("-o,--output", options.output, "The PNG file to write")
+        ->required()
+        ->type_name("FILE");
+    command->callback([&options, chosen = screen.command] { options.command = chosen; });
+}
+
 void describeRender(CLI::App& app, Options& options) {
     auto* render = app.add_subcommand("render", "Draw a picture into a file; needs no display");
     render->require_subcommand(1);
-    auto* drawer = render->add_subcommand("drawer", "The open drawer with its tab");
-    drawer->add_option("--home", options.home, "The home folder whose sessions are shown")->type_name("DIR");
-    drawer->add_option("--at", options.at, "The moment shown, in milliseconds since 1970 (else now)")
-        ->type_name("MS");
-    drawer->add_option("--scale", options.scale, "Pixels per point")->check(CLI::Range(0.5, 8.0));
-    drawer->add_option("--height", options.height, "Height of the drawer in points")
-        ->check(CLI::Range(200, 4000));
-    drawer->add_option("-o,--output", options.output, "The PNG file to write")->required()->type_name("FILE");
-    drawer->callback([&options] { options.command = Options::Command::renderDrawer; });
+    describeScreen(*render, options, {"drawer", "The open drawer with its tab", Command::renderDrawer});
+    describeScreen(*render, options, {"sweep", "The drawer with the wrap-up", Command::renderSweep});
+    describeScreen(
+        *render, options,
+        {"hud", "The notice that the first press of the shortcut brings", Command::renderHud}
+    );
     describePetPictures(*render, options);
 }
 

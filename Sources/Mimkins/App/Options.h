@@ -9,16 +9,26 @@ namespace mimkins {
 
 /// What the command line asks for.
 struct Options {
-    enum class Command { run, renderDrawer, renderPet, renderSheet, renderFilm, renderIcon };
+    enum class Command {
+        run,
+        renderDrawer,
+        renderSweep,
+        renderHud,
+        renderPet,
+        renderSheet,
+        renderFilm,
+        renderIcon,
+    };
 
     Command command = Command::run;
     std::optional<std::string> home; ///< absolute; nothing stands for the user's own
     bool keyboard = false;           ///< give the drawer the keyboard
 
     // For pictures.
-    std::optional<double> at; ///< milliseconds since 1970; nothing stands for now
-    double scale = 1;         ///< pixels per point
-    int height = 760;         ///< of the drawer, points
+    std::optional<double> at;         ///< milliseconds since 1970; nothing stands for now
+    std::optional<std::string> theme; ///< its id; nothing stands for the one of the settings
+    double scale = 1;                 ///< pixels per point
+    int height = 760;                 ///< of the drawer, points
     std::string output;
     int iconSide = 128; ///< pixels
     PetRenderOptions pet;

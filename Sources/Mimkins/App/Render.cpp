@@ -1,11 +1,15 @@
 #include "App/Render.h"
 
 #include "App/PanelSettingsOf.h"
+#include "Drawing/Qt/Scheme.h"
+#include "HUD/HUDView.h"
+#include "NextUp/NextUpPress.h"
 #include "PanelView/EdgeTab.h"
 #include "PanelView/PanelView.h"
 #include "PanelView/SlideWindow.h"
 #include "Platform/Linux/JsonPreferencesStore.h"
 #include "Platform/Linux/OneLoad.h"
+#include "Presentation/Notice.h"
 #include "Presentation/PanelFrames.h"
 
 #include <QImage>
@@ -51,6 +55,14 @@ QImage compose(QWidget& drawer, EdgeTab& tab, const panel::Frames& frames) {
     return image;
 }
 
+int write(const QImage& picture, const std::string& file) {
+    if (!picture.save(QString::fromStdString(file), "PNG")) {
+        std::cerr << "mimkins: can't write " << file << "\n";
+        return 1;
+    }
+    return 0;
+}
+
 } // namespace
 
 void prepareRendering(const Options& options) {
@@ -69,7 +81,11 @@ int renderDrawer(const Options& options, const Paths& paths) {
     SessionStore& store = load.store();
     RunLoop& loop = load.loop();
     DrawerState state;
-    const PanelSettings panelSettings = panelSettingsOf(settings, at);
+    if (options.command == Options::Command::renderSweep) {
+        state.setMode(DrawerMode::sweep);
+    }
+    PanelSettings panelSettings = panelSettingsOf(settings, at);
+    panelSettings.themeId = options.theme.value_or(panelSettings.themeId);
     SlideWindow drawer(new PanelView({store, state, loop, links}, panelSettings));
     constexpr double margins = 16; // of the drawer, above and below
     const Rect screen{0, 0, 1280, options.height + margins};
@@ -79,11 +95,25 @@ int renderDrawer(const Options& options, const Paths& paths) {
     EdgeTab tab(loop);
     tab.setTheme(PetTheme::named(panelSettings.themeId));
     tab.setContent({edgeTabBadge(store.sessions()), true});
-    if (!compose(drawer, tab, frames).save(QString::fromStdString(options.output), "PNG")) {
-        std::cerr << "mimkins: can't write " << options.output << "\n";
-        return 1;
-    }
-    return 0;
+    return write(compose(drawer, tab, frames), options.output);
+}
+
+int renderHud(const Options& options, const Paths& paths) {
+    const Date at = moment(options);
+    StandingLoop standing(at);
+    NoSounds sounds;
+    JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
+    const AppSettings settings({preferences, standing, sounds});
+    OneLoad load(paths, settings.rules(), at);
+    const auto press = NextUp::press({}, load.store().sessions(), at);
+    HUDView view;
+    view.setAttribute(Qt::WA_TranslucentBackground);
+    view.setContent(
+        notice(press, at),
+        PetTheme::named(options.theme.value_or(settings.themeId())).resolved(systemScheme())
+    );
+    view.resize(view.sizeHint());
+    return write(view.grab().toImage(), options.output);
 }
 
 } // namespace mimkins

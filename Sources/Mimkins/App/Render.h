@@ -9,8 +9,11 @@ namespace mimkins {
 /// To be called before the application object exists.
 void prepareRendering(const Options& options);
 
-/// Draws the open drawer as it would show at that moment. Gives the exit code; a failure is told on standard
-/// error.
+/// Draws the open drawer as it would show at that moment, with the list or the wrap-up. Gives the exit code;
+/// a failure is told on standard error.
 int renderDrawer(const Options& options, const Paths& paths);
+
+/// Draws the notice that the first press of the shortcut would bring at that moment.
+int renderHud(const Options& options, const Paths& paths);
 
 } // namespace mimkins

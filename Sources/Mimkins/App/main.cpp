@@ -84,6 +84,8 @@ int render(const Options& options, const Paths& paths) {
         return renderFilm(options.pet);
     case Options::Command::renderIcon:
         return renderIcon(options.iconSide, options.output);
+    case Options::Command::renderHud:
+        return renderHud(options, paths);
     default:
         return renderDrawer(options, paths);
     }

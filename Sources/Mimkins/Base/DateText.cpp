@@ -128,6 +128,14 @@ std::string iso8601(Date date) {
     return buffer.data();
 }
 
+std::string description(Date date) {
+    std::string words = iso8601(date);
+    words.back() = ' ';
+    words += "+0000";
+    words[words.find('T')] = ' ';
+    return words;
+}
+
 std::string shortTime(Date date) {
     const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createTimeInstance(icu::DateFormat::kShort)
     );

@@ -16,6 +16,9 @@ std::optional<Date> parseIso8601(std::string_view text);
 /// "2026-11-15T19:11:06Z": UTC, whole seconds, rounded down.
 std::string iso8601(Date date);
 
+/// "2026-11-15 19:11:06 +0000": UTC, whole seconds, rounded down.
+std::string description(Date date);
+
 /// The short time of day of the user's locale and time zone, such as "14:30" or "2:30 PM".
 std::string shortTime(Date date);
 

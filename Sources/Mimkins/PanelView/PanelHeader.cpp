@@ -69,12 +69,17 @@ void TitleLabel::paintEvent(QPaintEvent*) {
 }
 
 PanelHeader::PanelHeader()
-    : title_(new TitleLabel), summary_(new SummaryLabel), theme_(&PetTheme::nightSky()),
-      typography_(theme_->font) {
+    : title_(new TitleLabel), cog_(new CogButton), moon_(new MoonButton), summary_(new SummaryLabel),
+      theme_(&PetTheme::nightSky()), typography_(theme_->font) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(paddingX, paddingY, paddingX, paddingY);
     row->setSpacing(spacing);
     row->addWidget(title_);
+    row->addWidget(cog_);
+    row->addWidget(moon_);
+    cog_->setVisible(showsCog);
+    connect(cog_, &QAbstractButton::clicked, this, [this] { goTo(header::afterSettingsButton(mode_)); });
+    connect(moon_, &QAbstractButton::clicked, this, [this] { goTo(header::afterWrapUpButton(mode_)); });
     row->addStretch(1);
     row->addWidget(summary_);
 }
@@ -83,10 +88,29 @@ void PanelHeader::setLook(const PetTheme& theme, const Typography& typography) {
     theme_ = &theme;
     typography_ = typography;
     title_->setLook(theme, typography);
+    cog_->setTheme(theme);
+    moon_->setTheme(theme);
     summary_->setSummary(present_, theme, typography);
 }
 
-void PanelHeader::present(DrawerMode mode, const Summary& summary) {
+void PanelHeader::goTo(DrawerMode mode) {
+    if (onMode) {
+        onMode(mode);
+    }
+}
+
+void PanelHeader::setNow(Date now) {
+    if (cog_->isVisible()) {
+        cog_->setNow(now);
+    }
+}
+
+void PanelHeader::present(DrawerMode mode, const Summary& summary, bool spins) {
+    mode_ = mode;
+    cog_->setOpen(mode == DrawerMode::settings, spins && cog_->isVisible());
+    cog_->setWords(qt::text(header::settingsToolTip(mode)));
+    moon_->setFilled(mode == DrawerMode::sweep);
+    moon_->setWords(qt::text(header::wrapUpToolTip(mode)));
     title_->setText(qt::text(header::title(mode)));
     title_->updateGeometry();
     present_ = summary;

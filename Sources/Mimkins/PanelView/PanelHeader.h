@@ -1,10 +1,13 @@
 #pragma once
 
+#include "PanelView/HeaderButtons.h"
 #include "PanelView/SummaryLabel.h"
 #include "Presentation/DrawerState.h"
 
 #include <QLabel>
 #include <QWidget>
+
+#include <functional>
 
 namespace mimkins {
 
@@ -25,18 +28,36 @@ private:
 /// The drawer's first row.
 class PanelHeader final : public QWidget {
 public:
+    /// The settings can't be reached before their screen is there.
+    static constexpr bool showsCog = false;
+
     PanelHeader();
 
-    void present(DrawerMode mode, const Summary& summary);
+    /// Called with the screen that a press on one of the buttons leads to.
+    std::function<void(DrawerMode)> onMode;
+
+    /// `spins` is false where nobody would see the cog turn.
+    void present(DrawerMode mode, const Summary& summary, bool spins = false);
+    /// Lets the cog blink in time.
+    void setNow(Date now);
     void setLook(const PetTheme& theme, const Typography& typography);
 
     const SummaryLabel& summaryLabel() const { return *summary_; }
 
     const TitleLabel& titleLabel() const { return *title_; }
 
+    CogButton& cog() { return *cog_; }
+
+    MoonButton& moon() { return *moon_; }
+
 private:
+    void goTo(DrawerMode mode);
+
     TitleLabel* title_;
+    CogButton* cog_;
+    MoonButton* moon_;
     SummaryLabel* summary_;
+    DrawerMode mode_ = DrawerMode::pets;
     const PetTheme* theme_;
     Typography typography_;
     Summary present_;

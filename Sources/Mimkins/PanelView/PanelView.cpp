@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace mimkins {
@@ -28,17 +29,25 @@ PetTheme shownTheme(const std::string& id) {
 PanelView::PanelView(Parts parts, PanelSettings settings)
     : parts_(parts), settings_(std::move(settings)), theme_(shownTheme(settings_.themeId)),
       header_(new PanelHeader), list_(new SessionList(look())), empty_(new EmptyState),
-      confetti_(new Confetti(this, parts_.loop)), ground_(*this, parts_.loop, theme_) {
+      sweep_(new SweepView(look())), fade_(new ScreenFade), confetti_(new Confetti(this, parts_.loop)),
+      ground_(*this, parts_.loop, theme_) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(header_);
     column->addWidget(list_, 1);
     column->addWidget(empty_, 1);
+    column->addWidget(sweep_, 1);
+    fade_->setParent(this);
+    fade_->hide();
     header_->setLook(theme_, look().typography);
     empty_->setLook(theme_, look().typography);
+    header_->onMode = [this](DrawerMode mode) { parts_.drawer.setMode(mode); };
+    sweep_->onCheck = [this] { parts_.store.runSweep(); };
+    sweep_->onOpen = [this](const std::string& link) { openLink(link, parts_.links); };
     list_->onOpen = [this](const std::string& id) { open(id); };
     sessionsConnection_ = parts_.store.sessionsChanged().connect([this] { showSessions(); });
+    sweepConnection_ = parts_.store.sweepChanged().connect([this] { showSweep(); });
     drawerConnection_ = parts_.drawer.changed().connect([this] { followDrawer(); });
     setAccessibleName("Mimkins");
     confetti_->setParty(settings_.motion.party);
@@ -49,6 +58,7 @@ PanelView::PanelView(Parts parts, PanelSettings settings)
 
 PanelView::~PanelView() {
     sessionsConnection_.disconnect();
+    sweepConnection_.disconnect();
     drawerConnection_.disconnect();
 }
 
@@ -64,6 +74,7 @@ void PanelView::setSettings(const PanelSettings& settings) {
     theme_ = shownTheme(settings_.themeId);
     header_->setLook(theme_, look().typography);
     empty_->setLook(theme_, look().typography);
+    sweep_->setLook(look());
     list_->setLook(look());
     ground_.themeChanged();
     confetti_->setParty(settings_.motion.party);
@@ -80,16 +91,52 @@ void PanelView::showSessions() {
     }
     header_->present(parts_.drawer.mode(), summary(sessions));
     list_->setRows(rows, parts_.loop.now());
-    list_->setVisible(!sessions.empty());
-    empty_->setVisible(sessions.empty());
+    showScreen();
     keepTime();
+}
+
+void PanelView::showSweep() {
+    if (mode_ == DrawerMode::sweep) {
+        sweep_->present(parts_.store.sweep(), parts_.store.sweeping(), parts_.loop.now());
+    }
+}
+
+QWidget* PanelView::screen() const {
+    if (mode_ == DrawerMode::sweep) {
+        return sweep_;
+    }
+    return parts_.store.sessions().empty() ? static_cast<QWidget*>(empty_) : list_;
+}
+
+void PanelView::showScreen() {
+    const std::array<QWidget*, 3> screens{list_, empty_, sweep_};
+    for (auto* each : screens) {
+        each->setVisible(each == screen());
+    }
+}
+
+void PanelView::changeScreen() {
+    if (mode_ == parts_.drawer.mode()) {
+        return;
+    }
+    if (isVisible() && !parts_.drawer.animationsPaused()) {
+        fade_->begin(*screen());
+    }
+    mode_ = parts_.drawer.mode();
+    if (mode_ == DrawerMode::sweep) {
+        parts_.store.runSweep();
+        showSweep();
+    }
+    showScreen();
 }
 
 void PanelView::followDrawer() {
     ground_.setPaused(parts_.drawer.animationsPaused());
     confetti_->setPaused(parts_.drawer.animationsPaused());
     list_->setPaused(parts_.drawer.animationsPaused());
-    header_->present(parts_.drawer.mode(), summary(parts_.store.sessions()));
+    const auto spins = !parts_.drawer.animationsPaused();
+    header_->present(parts_.drawer.mode(), summary(parts_.store.sessions()), spins);
+    changeScreen();
     if (highlighted_ != parts_.drawer.highlightedId()) {
         highlighted_ = parts_.drawer.highlightedId();
         if (highlighted_) {
@@ -100,16 +147,32 @@ void PanelView::followDrawer() {
 }
 
 void PanelView::keepTime() {
-    const bool needed = !parts_.drawer.animationsPaused() && !parts_.store.sessions().empty();
+    const bool empty = mode_ != DrawerMode::sweep && parts_.store.sessions().empty();
+    const bool needed = !parts_.drawer.animationsPaused() && !empty;
     if (!needed) {
         beat_.reset();
         frames_.reset();
         return;
     }
     if (!beat_) {
-        list_->setNow(parts_.loop.now());
-        beat_ = parts_.loop.every(1.0, [this] { list_->setNow(parts_.loop.now()); });
-        frames_ = parts_.loop.every(frameSeconds, [this] { list_->animate(parts_.loop.now(), frame_++); });
+        beat();
+        beat_ = parts_.loop.every(1.0, [this] { beat(); });
+        frames_ = parts_.loop.every(frameSeconds, [this] { animate(); });
+    }
+}
+
+void PanelView::beat() {
+    list_->setNow(parts_.loop.now());
+    showSweep();
+}
+
+void PanelView::animate() {
+    const Date now = parts_.loop.now();
+    header_->setNow(now);
+    if (mode_ == DrawerMode::sweep) {
+        sweep_->animate(now);
+    } else {
+        list_->animate(now, frame_++);
     }
 }
 

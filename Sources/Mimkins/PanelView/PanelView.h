@@ -4,7 +4,9 @@
 #include "PanelView/EmptyState.h"
 #include "PanelView/PanelGround.h"
 #include "PanelView/PanelHeader.h"
+#include "PanelView/ScreenFade.h"
 #include "PanelView/SessionList.h"
+#include "PanelView/SweepView.h"
 #include "Platform/LinkOpener.h"
 #include "Presentation/DrawerState.h"
 #include "Presentation/PanelSettings.h"
@@ -17,7 +19,7 @@
 
 namespace mimkins {
 
-/// The content of the drawer: the header, and below it the list of sessions.
+/// The content of the drawer: the header, and below it one of the screens.
 class PanelView final : public QWidget {
 public:
     struct Parts {
@@ -38,6 +40,8 @@ public:
 
     const PanelHeader& header() const { return *header_; }
 
+    PanelHeader& header() { return *header_; }
+
     const SessionList& list() const { return *list_; }
 
     SessionList& list() { return *list_; }
@@ -48,6 +52,10 @@ public:
 
     const Confetti& confetti() const { return *confetti_; }
 
+    const SweepView& sweep() const { return *sweep_; }
+
+    const ScreenFade& screenFade() const { return *fade_; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -55,7 +63,13 @@ protected:
 private:
     CardLook look() const;
     void showSessions();
+    void showSweep();
+    void showScreen();
+    void changeScreen();
+    QWidget* screen() const;
     void followDrawer();
+    void beat();
+    void animate();
     void keepTime();
     void open(const std::string& id);
 
@@ -65,10 +79,14 @@ private:
     PanelHeader* header_;
     SessionList* list_;
     EmptyState* empty_;
+    SweepView* sweep_;
+    ScreenFade* fade_;
+    DrawerMode mode_ = DrawerMode::pets; ///< of the screen that shows
     Confetti* confetti_;
     PanelGround ground_;
     std::optional<std::string> highlighted_;
     sigc::connection sessionsConnection_;
+    sigc::connection sweepConnection_;
     sigc::connection drawerConnection_;
     Handle beat_;
     Handle frames_;

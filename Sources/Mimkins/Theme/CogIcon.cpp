@@ -47,9 +47,8 @@ Path gearPath(double r) {
 void drawFace(GraphicsContext& context, double r, double t) {
     const double hub = 0.42 * r;
     context.fill(Path::ellipse({-hub, -hub, 2 * hub, 2 * hub}), Color::white(0.9));
-    const bool blinks = t - blinkCycle * std::floor(t / blinkCycle) < blinkLength;
     const double width = 0.11 * r;
-    const double height = blinks ? 0.05 * r : 0.26 * r;
+    const double height = cogBlinks(t) ? 0.05 * r : 0.26 * r;
     for (const double x : {-0.15 * r, 0.15 * r}) {
         context.fill(
             Path::roundedRect({x - width / 2, -height / 2, width, height}, width / 2), Color::grey(0.12)
@@ -58,6 +57,10 @@ void drawFace(GraphicsContext& context, double r, double t) {
 }
 
 } // namespace
+
+bool cogBlinks(double t) {
+    return t - blinkCycle * std::floor(t / blinkCycle) < blinkLength;
+}
 
 void drawCog(GraphicsContext& context, const std::vector<Color>& colors, const Cog& cog, double t) {
     const double r = cog.size / 2;

@@ -38,6 +38,9 @@ struct Cog {
 /// A gear with a small face that blinks.
 void drawCog(GraphicsContext& context, const std::vector<Color>& colors, const Cog& cog, double t);
 
+/// True while the cog's eyes are shut.
+bool cogBlinks(double t);
+
 /// A shower of sixty pieces of paper that never ends.
 void drawConfetti(GraphicsContext& context, double t, Size size);
 
