@@ -24,6 +24,11 @@ struct Options {
     std::optional<std::string> home; ///< absolute; nothing stands for the user's own
     bool keyboard = false;           ///< give the drawer the keyboard
 
+    // For a demonstration with made-up sessions.
+    bool demo = false;
+    std::optional<int> demoSessions;
+    std::optional<double> demoSpeed; ///< seconds of the made-up day in a real one
+
     // For pictures.
     std::optional<double> at;         ///< milliseconds since 1970; nothing stands for now
     std::optional<std::string> theme; ///< its id; nothing stands for the one of the settings
