@@ -10,8 +10,8 @@ namespace mimkins::perf {
 /// The names between the commas of a list; empty ones are dropped.
 std::set<std::string, std::less<>> namesIn(std::string_view list);
 
-/// What is switched off: "pets", "glow" and "ambient" stop the frames of pets, of the glow and of the drawer's
-/// ground; "shadow" leaves out the shadows of cards. Empty in every program that is given to people.
+/// What is switched off: "pets", "glow" and "ambient" stop the frames of pets, of the glow and of the
+/// drawer's ground; "shadow" leaves out the shadows of cards. Empty in every program that is given to people.
 const std::set<std::string, std::less<>>& off();
 
 } // namespace mimkins::perf

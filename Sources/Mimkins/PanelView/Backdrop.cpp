@@ -3,10 +3,13 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Qt/Scheme.h"
+#include "Drawing/RasterCanvas.h"
 
+#include <QImage>
 #include <QPainter>
-#include <QPainterPath>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace mimkins {
@@ -17,23 +20,54 @@ Size sizeOf(const Backdrop::Form& form) {
     return {static_cast<double>(form.size.width()), static_cast<double>(form.size.height())};
 }
 
-void drawBorderAt(QPainter& painter, const PetTheme& theme, const Backdrop::Form& form, double t) {
+void drawStandingBorder(QPainter& painter, const PetTheme& theme, const Backdrop::Form& form) {
     PainterCanvas canvas(painter, ColorScheme::dark); // for colours that are plain already
     GraphicsContext context(canvas);
     const Size size = sizeOf(form);
-    drawBorder(context, edgePath(size, form.radius, theme.borderWidth), theme, size, t);
+    drawBorder(context, edgePath(size, form.radius, theme.borderWidth), theme, size, 0);
 }
 
-/// The pixels of the border: a frame, and the corners that bend into it.
-QRegion ring(const PetTheme& theme, const Backdrop::Form& form) {
-    const QRect whole(QPoint(0, 0), form.size);
+/// The rectangles that hold the border: top and bottom with their corners, left and right.
+std::array<QRect, 4> strips(const PetTheme& theme, const Backdrop::Form& form) {
+    const int width = form.size.width();
+    const int height = form.size.height();
     const int line = static_cast<int>(std::ceil(1.5 * theme.borderWidth)) + 1;
-    const int corner = static_cast<int>(std::ceil(form.radius));
-    QRegion region(whole);
-    region -= whole.adjusted(line, line, -line, -line);
-    region += QRect(0, 0, corner, corner);
-    region += QRect(0, whole.height() - corner, corner, corner);
+    const int corner = std::min(static_cast<int>(std::ceil(form.radius)), height / 2);
+    const int between = height - 2 * corner;
+    return {
+        QRect(0, 0, width, corner), QRect(0, height - corner, width, corner), QRect(0, corner, line, between),
+        QRect(width - line, corner, line, between)};
+}
+
+QRegion ring(const PetTheme& theme, const Backdrop::Form& form) {
+    QRegion region;
+    for (const QRect& strip : strips(theme, form)) {
+        region += strip;
+    }
     return region;
+}
+
+/// Draws the travelling border into pictures of its strips. Qt would fill the angular gradient with a pool of
+/// threads, whose waking and sleeping costs many times what the filling does.
+void drawTravellingBorder(QPainter& painter, const PetTheme& theme, const Backdrop::Form& form, double t) {
+    const Size size = sizeOf(form);
+    const Path shape = edgePath(size, form.radius, theme.borderWidth);
+    for (const QRect& strip : strips(theme, form)) {
+        if (strip.isEmpty()) {
+            continue;
+        }
+        QImage image(strip.size() * form.pixelRatio, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(form.pixelRatio);
+        image.fill(Qt::transparent);
+        const Bitmap bitmap{
+            reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
+            static_cast<int>(image.bytesPerLine() / 4)};
+        RasterCanvas canvas(bitmap, form.pixelRatio, ColorScheme::dark, nullptr);
+        GraphicsContext context(canvas);
+        context.translateBy(-strip.x(), -strip.y());
+        drawBorder(context, shape, theme, size, t);
+        painter.drawImage(strip.topLeft(), image);
+    }
 }
 
 QRegion regionOf(const std::vector<Rect>& areas) {
@@ -77,7 +111,7 @@ void Backdrop::drawStill(const PetTheme& theme, const Form& form) {
     cutToShape(painter, form);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     if (!theme.borderTravels) {
-        drawBorderAt(painter, theme, form, 0);
+        drawStandingBorder(painter, theme, form);
     }
 }
 
@@ -102,7 +136,7 @@ void Backdrop::draw(QPainter& painter, const QRegion& region, const PetTheme& th
     }
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     if (theme.borderTravels && region.intersects(ring(theme, form))) {
-        drawBorderAt(painter, theme, form, border_);
+        drawTravellingBorder(painter, theme, form, border_);
     }
     painter.restore();
 }
