@@ -30,5 +30,6 @@ void addSessionsCommand(CLI::App& program, CommandContext& context);
 void addWrapupCommand(CLI::App& program, CommandContext& context);
 void addWhyCommand(CLI::App& program, CommandContext& context);
 void addHooksCommand(CLI::App& program, CommandContext& context);
+void addDemoCommand(CLI::App& program, CommandContext& context);
 
 } // namespace mimkins

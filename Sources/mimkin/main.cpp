@@ -43,6 +43,7 @@ int runProgram(int argumentCount, char** arguments) {
     addWrapupCommand(program, context);
     addWhyCommand(program, context);
     addHooksCommand(program, context);
+    addDemoCommand(program, context);
     try {
         program.parse(argumentCount, arguments);
     } catch (const CLI::ParseError& error) {
