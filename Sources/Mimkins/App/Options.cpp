@@ -12,6 +12,27 @@ constexpr const char* purpose =
     "Shows every coding-agent session as a pet in a drawer at the right edge of the screen.\n"
     "A second start opens the drawer of the first and ends.";
 
+constexpr const char* footer =
+    "Examples:\n"
+    "  mimkins\n"
+    "  mimkins --demo                            # made-up sessions in a throw-away home\n"
+    "  mimkins --demo --sessions 30 --speed 20\n"
+    "  mimkins --demo --home /tmp/demo           # the home stays, for a look at its files\n\n"
+    "Exit codes: 0 done, 1 failed, over 100 wrong usage.";
+
+void describeDemo(CLI::App& app, Options& options) {
+    auto* demo =
+        app.add_flag("--demo", options.demo, "Show made-up sessions that live a lively day at high speed");
+    app.add_option("--sessions", options.demoSessions, "How many sessions the demo has (8)")
+        ->type_name("N")
+        ->check(CLI::Range(1, 2'000))
+        ->needs(demo);
+    app.add_option("--speed", options.demoSpeed, "Seconds of the demo's day in a real one (60)")
+        ->type_name("X")
+        ->check(CLI::Range(0.1, 10'000.0))
+        ->needs(demo);
+}
+
 /// CLI11 stores through pointers; `at` and `home` are optional, and so CLI11's own.
 void describe(CLI::App& app, Options& options) {
     app.description(purpose);
@@ -19,9 +40,10 @@ void describe(CLI::App& app, Options& options) {
     app.add_flag(
         "--keyboard", options.keyboard, "Open the drawer of the running program and give it the keyboard"
     );
+    describeDemo(app, options);
     app.set_version_flag("--version", std::string("mimkins ") + MIMKINS_VERSION);
     app.require_subcommand(0, 1);
-    app.footer("Exit codes: 0 done, 1 failed, over 100 wrong usage.");
+    app.footer(footer);
 }
 
 /// What every picture of a pet can be told.

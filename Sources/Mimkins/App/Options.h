@@ -15,6 +15,11 @@ struct Options {
     std::optional<std::string> home; ///< absolute; nothing stands for the user's own
     bool keyboard = false;           ///< give the drawer the keyboard
 
+    // For a demonstration with made-up sessions.
+    bool demo = false;
+    std::optional<int> demoSessions;
+    std::optional<double> demoSpeed; ///< seconds of the made-up day in a real one
+
     // For pictures.
     std::optional<double> at; ///< milliseconds since 1970; nothing stands for now
     double scale = 1;         ///< pixels per point

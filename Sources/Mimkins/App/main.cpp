@@ -1,7 +1,9 @@
 #include "App/AppDelegate.h"
+#include "App/Demo.h"
 #include "App/Options.h"
 #include "App/Render.h"
 #include "App/RenderPet.h"
+#include "Base/Error.h"
 #include "Base/Log.h"
 #include "Platform/Linux/HomeFolder.h"
 #include "Platform/Linux/JsonPreferencesStore.h"
@@ -50,7 +52,8 @@ int runUnregistering(QApplication&, const Paths& paths) {
     return 0;
 }
 
-int run(QApplication& application, const Paths& paths, const Options& options) {
+/// `demo` is null unless made-up sessions are shown.
+int run(QApplication& application, const Paths& paths, const Options& options, Demo* demo) {
     SingleInstance instance(paths.support());
     if (!instance.claim()) {
         const bool told = instance.send(options.keyboard ? "keyboard" : "open");
@@ -66,9 +69,23 @@ int run(QApplication& application, const Paths& paths, const Options& options) {
             delegate.receive(message);
         });
     const int exitCode = application.exec();
+    if (demo != nullptr) {
+        demo->end();
+    }
     // Nothing has to be put in order, and a look at a repository may be under way that takes seconds: nobody
     // waits for it.
     std::_Exit(exitCode);
+}
+
+int runDemo(QApplication& application, const Options& options) {
+    try {
+        Demo demo(options);
+        demo.start();
+        return run(application, Paths(demo.home()), options, &demo);
+    } catch (const Error& error) {
+        std::cerr << "mimkins: " << error.what() << "\n";
+        return 1;
+    }
 }
 
 int render(const Options& options, const Paths& paths) {
@@ -92,12 +109,6 @@ int main(int count, char** words) {
         return *exitCode;
     }
     log::setSink(standardErrorSink());
-    const auto home = options.home ? options.home : homeFolder();
-    if (!home) {
-        std::cerr << "mimkins: the password database names no home folder for this user; use --home DIR\n";
-        return 1;
-    }
-    const Paths paths(*home);
     const bool rendering = options.command != Options::Command::run;
     const bool unregistering = std::getenv(unregisterVariable) != nullptr; // NOLINT: no other thread exists
     if (rendering) {
@@ -112,9 +123,18 @@ int main(int count, char** words) {
     QApplication application(count, words);
     QApplication::setApplicationName("mimkins");
     QApplication::setQuitOnLastWindowClosed(false);
+    if (options.demo && !rendering) {
+        return runDemo(application, options);
+    }
+    const auto home = options.home ? options.home : homeFolder();
+    if (!home) {
+        std::cerr << "mimkins: the password database names no home folder for this user; use --home DIR\n";
+        return 1;
+    }
+    const Paths paths(*home);
     if (rendering) {
         return render(options, paths);
     }
     takeOverPreferences(paths);
-    return unregistering ? runUnregistering(application, paths) : run(application, paths, options);
+    return unregistering ? runUnregistering(application, paths) : run(application, paths, options, nullptr);
 }
