@@ -147,6 +147,10 @@ void addDemoCommand(CLI::App& program, CommandContext& context) {
         if (context.home.empty()) {
             throw CLI::ValidationError("--home", "name a new folder for the demo; it never plays in yours");
         }
+        // A large crew has arrived as soon as a small one, as far as the machine can keep up.
+        constexpr double longestArrivals = 600;
+        auto& arrivals = options->schedule.betweenStarts;
+        arrivals = std::min(arrivals, longestArrivals / static_cast<double>(options->schedule.sessions));
         playDemo(*options, context.home);
     });
 }

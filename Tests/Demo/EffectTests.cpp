@@ -40,6 +40,8 @@ public:
     explicit Watched(const Role& role) : role_(role) {}
 
     void apply(const std::vector<Effect>& effects) {
+        constexpr double secondsOfAStep = 10;
+        now_ = now_ + secondsOfAStep;
         for (const auto& effect : effects) {
             std::visit([this](const auto& each) { take(each); }, effect);
         }
@@ -54,7 +56,7 @@ public:
         BackgroundWork work;
         work.commands = static_cast<std::int64_t>(shells_.size());
         inputs.background = &work;
-        inputs.now = now;
+        inputs.now = now_;
         return deriveSession(inputs).mood;
     }
 
@@ -72,7 +74,7 @@ private:
         StatusRecord record;
         record.id = payload.at("session_id");
         record.event = event;
-        record.since = record.ts = now.milliseconds();
+        record.since = record.ts = now_.milliseconds();
         record.state = stateAfter(event);
         if (payload.contains("tool_name") && event != "PostToolUse") {
             record.tool = payload.at("tool_name");
@@ -99,13 +101,13 @@ private:
         entry_ = RegistryEntry{};
         entry_->sessionId = role_.id;
         entry_->status = effect.status;
-        entry_->updated = now + 0.001;
+        entry_->updated = now_ + 0.001;
     }
 
     void take(const Document& effect) {
         if (effect.path == role_.desktopFile) {
             app_ = AppSessionInfo{};
-            app_->lastFocused = now;
+            app_->lastFocused = now_;
         } else if (effect.path.rfind(role_.folder, 0) == 0) {
             isEdited_ = true;
         }
@@ -128,6 +130,7 @@ private:
     void take(const Other&) {}
 
     const Role& role_;
+    Date now_ = now;
     std::optional<StatusRecord> record_;
     std::optional<RegistryEntry> entry_;
     std::optional<AppSessionInfo> app_;
