@@ -72,6 +72,8 @@ protected:
 
 TEST_F(Demo, PlaysADayThatTheListShows) {
     const auto player = play({"--sessions", "12", "--speed", "400"});
+    // A listing makes folders, and the demo takes an empty home only.
+    ASSERT_TRUE(eventually([&] { return !clients(mimkin).empty(); }));
     std::set<std::string> moods;
     bool subtask = false;
     bool command = false;
