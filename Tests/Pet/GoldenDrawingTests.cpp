@@ -118,6 +118,9 @@ TEST(GoldenDrawings, ShowEveryAction) {
 }
 
 TEST(GoldenDrawings, HaveNoFileTooMany) {
+    if (std::getenv("MIMKINS_REWRITE_GOLDEN")) {
+        GTEST_SKIP() << "perhaps not yet written";
+    }
     std::vector<std::string> expected;
     for (const Golden& golden : allGolden()) {
         expected.push_back(golden.name + ".json");

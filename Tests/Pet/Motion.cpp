@@ -95,12 +95,6 @@ std::vector<DrawCommand> record(const Moment& moment) {
     return canvas.commands();
 }
 
-std::vector<DrawCommand> recordAction(const PetFrame& frame, PetAction action) {
-    RecordingCanvas canvas;
-    PetPainter(GraphicsContext(canvas), side, side, frame).draw(action);
-    return canvas.commands();
-}
-
 std::vector<Point> positions(const DrawCommand& command) {
     std::vector<Point> points;
     addPositions(points, command);

@@ -26,9 +26,6 @@ struct Moment {
 /// What a routine draws at a moment, in units.
 std::vector<DrawCommand> record(const Moment& moment);
 
-/// What an action draws at a moment, in units.
-std::vector<DrawCommand> recordAction(const PetFrame& frame, PetAction action);
-
 /// The corners, ends and control points of what a command draws, in units: the box's corners for ellipses and
 /// rounded rectangles, the centre alone for text.
 std::vector<Point> positions(const DrawCommand& command);

@@ -11,6 +11,7 @@ namespace {
 
 constexpr double turn = 2 * std::numbers::pi;
 constexpr Color brown{0.55, 0.38, 0.22};
+constexpr Color darkBrown{0.36, 0.23, 0.13};
 constexpr Color sand{0.96, 0.8, 0.45};
 /// Lies under light things, so that they stand out from a light ground; a dark one swallows it.
 constexpr Color edge = Color::black(0.42);
@@ -18,7 +19,7 @@ constexpr double edgeWidth = 1.3;
 
 /// A word with a dark edge to its lower right.
 void edgedWord(const PetPainter& pet, std::string_view text, Point center, double size, const Color& color) {
-    pet.word(text, {center.x + 0.8, center.y + 0.8}, size, edge);
+    pet.word(text, {center.x + 0.8, center.y + 0.8}, size, Color::black(0.6));
     pet.word(text, center, size, color);
 }
 
@@ -79,9 +80,8 @@ void PetPainter::thoughtDots() const {
 }
 
 void PetPainter::mug(Point at, Steam steam) const {
-    Path silhouette = Path::roundedRect({at.x - 5, at.y - 5, 10, 10}, 2.2);
-    silhouette.addEllipse({at.x + 2.4, at.y - 2.6, 5.2, 5.2});
-    stroke(silhouette, edge, 1.8 + edgeWidth);
+    ring({at.x + 5, at.y}, 2.6, darkBrown, 3.2);
+    rounded(at.x - 5.7, at.y - 5.7, 11.4, 11.4, 2.8, darkBrown);
     ring({at.x + 5, at.y}, 2.6, colors.paper, 1.8);
     rounded(at.x - 5, at.y - 5, 10, 10, 2.2, colors.paper);
     rounded(at.x - 5, at.y - 0.6, 10, 2.6, 0, colors.accent);
@@ -95,7 +95,7 @@ void PetPainter::mug(Point at, Steam steam) const {
         const double y = at.y - 7 - 8 * f;
         const Point bend{x + 2.5 * std::sin(3 * t + i), y - 3};
         const PetPainter wisp = faded(0.8 * std::sin(std::numbers::pi * f));
-        wisp.curve({x, y}, bend, {x, y - 6}, edge, 1.6 + edgeWidth);
+        wisp.curve({x, y}, bend, {x, y - 6}, Color::black(0.2), 2.6);
         wisp.curve({x, y}, bend, {x, y - 6}, Color::white(), 1.6);
     }
 }
