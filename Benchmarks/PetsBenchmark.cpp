@@ -230,6 +230,10 @@ void report(int size) {
     const double ours = median(all(&Row::ours));
     const double cairo = median(all(&Row::cairo));
     const auto differences = all(&Row::differs);
+    const auto worst = std::max_element(rows.begin(), rows.end(), [](const Row& left, const Row& right) {
+        return left.differs < right.differs;
+    });
+    show(name(worst->routine), *worst);
     std::printf("  %-22s %8.1f %8.1f %8.1f\n", "median of all", ours, cairo, median(all(&Row::painter)));
     std::printf(
         "  ours / cairo: %.2f of the median; mean difference of pixels: %.3f, at worst %.3f of 255\n",

@@ -47,9 +47,30 @@ const DrawingState& stateOf(const DrawCommand& command) {
     return std::visit([](const auto& one) -> const DrawingState& { return one.state; }, command);
 }
 
-} // namespace
+const Path* pathOf(const DrawCommand& command) {
+    if (const auto* fill = std::get_if<FillCommand>(&command)) {
+        return &fill->path;
+    }
+    const auto* stroke = std::get_if<StrokeCommand>(&command);
+    return stroke ? &stroke->path : nullptr;
+}
 
-std::vector<DrawCommand> record(const Moment& moment) {
+void addPositions(std::vector<Point>& points, const DrawCommand& command) {
+    const std::size_t first = points.size();
+    if (const Path* path = pathOf(command)) {
+        for (const PathElement& element : path->elements()) {
+            addElement(points, element);
+        }
+    } else {
+        points.push_back(std::get<TextCommand>(command).center);
+    }
+    const Transform& map = stateOf(command).transform;
+    for (std::size_t index = first; index < points.size(); ++index) {
+        points[index] = map.apply(points[index]);
+    }
+}
+
+void draw(Canvas& canvas, const Moment& moment) {
     PetFrame frame = petFrame({PetAction::idle, moment.seed, Date{}, moment.effort, false}, {}, Date{});
     frame.t = moment.t;
     frame.elapsed = moment.elapsed;
@@ -61,33 +82,22 @@ std::vector<DrawCommand> record(const Moment& moment) {
     } else if (moment.routine == Routine::wallClock) {
         cue.phase = moment.elapsed / 60;
     }
-    RecordingCanvas canvas;
-    PetPainter(GraphicsContext(canvas), side, side, frame).perform(cue);
-    return canvas.commands();
+    PetPainter painter(GraphicsContext(canvas), side, side, frame);
+    painter.thin = moment.thin;
+    painter.perform(cue);
 }
 
-std::vector<DrawCommand> recordAction(const PetFrame& frame, PetAction action) {
+} // namespace
+
+std::vector<DrawCommand> record(const Moment& moment) {
     RecordingCanvas canvas;
-    PetPainter(GraphicsContext(canvas), side, side, frame).draw(action);
+    draw(canvas, moment);
     return canvas.commands();
 }
 
 std::vector<Point> positions(const DrawCommand& command) {
     std::vector<Point> points;
-    if (const auto* text = std::get_if<TextCommand>(&command)) {
-        points.push_back(text->center);
-    } else {
-        const Path& path = std::holds_alternative<FillCommand>(command)
-                               ? std::get<FillCommand>(command).path
-                               : std::get<StrokeCommand>(command).path;
-        for (const PathElement& element : path.elements()) {
-            addElement(points, element);
-        }
-    }
-    const Transform& map = stateOf(command).transform;
-    std::transform(points.begin(), points.end(), points.begin(), [&](Point point) {
-        return map.apply(point);
-    });
+    addPositions(points, command);
     return points;
 }
 
@@ -100,18 +110,63 @@ double reach(const DrawCommand& command) {
     return stroke->style.width / 2 * std::max(std::hypot(map.a, map.b), std::hypot(map.c, map.d));
 }
 
-bool haveSameShape(const DrawCommand& left, const DrawCommand& right) {
-    return left.index() == right.index() && positions(left).size() == positions(right).size();
+void Shot::take(const Moment& moment) {
+    canvas_.clear();
+    draw(canvas_, moment);
+    locate();
 }
 
-double distance(const DrawCommand& left, const DrawCommand& right) {
-    const auto from = positions(left);
-    const auto to = positions(right);
+void Shot::take(const PetFrame& frame, PetAction action) {
+    canvas_.clear();
+    PetPainter(GraphicsContext(canvas_), side, side, frame).draw(action);
+    locate();
+}
+
+void Shot::locate() {
+    points_.clear();
+    ends_.clear();
+    for (const DrawCommand& command : commands()) {
+        addPositions(points_, command);
+        ends_.push_back(points_.size());
+    }
+}
+
+std::span<const Point> Shot::points(std::size_t command) const {
+    const std::size_t first = command == 0 ? 0 : ends_[command - 1];
+    return std::span(points_).subspan(first, ends_[command] - first);
+}
+
+bool haveSameShapes(const Shot& left, const Shot& right) {
+    if (left.size() != right.size()) {
+        return false;
+    }
+    for (std::size_t index = 0; index < left.size(); ++index) {
+        if (left.commands()[index].index() != right.commands()[index].index() ||
+            left.points(index).size() != right.points(index).size()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+double distance(std::span<const Point> from, std::span<const Point> to) {
     double farthest = 0;
     for (std::size_t index = 0; index < std::min(from.size(), to.size()); ++index) {
         farthest = std::max(farthest, std::hypot(to[index].x - from[index].x, to[index].y - from[index].y));
     }
     return farthest;
+}
+
+double opacity(const DrawCommand& command) {
+    return stateOf(command).opacity;
+}
+
+std::string inJson(const std::vector<DrawCommand>& commands) {
+    std::string all;
+    for (const DrawCommand& command : commands) {
+        all += toJson(command) + '\n';
+    }
+    return all;
 }
 
 } // namespace mimkins::test

@@ -30,22 +30,13 @@ std::ostream& operator<<(std::ostream& out, const Bounds& bounds) {
 
 class TrickMotion : public testing::TestWithParam<Bounds> {
 protected:
-    static std::vector<DrawCommand> at(int frame) {
+    static Moment at(int frame) {
         const Bounds& bounds = GetParam();
-        return record({.routine = bounds.routine, .t = frame / framesPerSecond, .manner = bounds.manner});
+        return {.routine = bounds.routine, .t = frame / framesPerSecond, .manner = bounds.manner};
     }
 
     static int frames() { return static_cast<int>(GetParam().length * framesPerSecond); }
 };
-
-bool haveSameShapes(const std::vector<DrawCommand>& left, const std::vector<DrawCommand>& right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), haveSameShape);
-}
-
-/// What is hardly seen may begin again elsewhere.
-double opacity(const DrawCommand& command) {
-    return std::visit([](const auto& one) { return one.state.opacity; }, command);
-}
 
 /// Whether the eyes of the recorded pet are shut for a moment.
 bool blinks(int frame) {
@@ -53,70 +44,61 @@ bool blinks(int frame) {
     return std::fmod(frame / framesPerSecond + offset, 3.7) < 0.12;
 }
 
-/// How far the command is from the nearest of its kind, for what passes before and behind the pet by turns.
-double nearest(const DrawCommand& command, const std::vector<DrawCommand>& others) {
+/// How far a command is from the nearest of its kind, for what passes before and behind the pet by turns.
+double nearest(const Shot& shot, std::size_t index, const Shot& others) {
     double least = 1000;
-    for (const DrawCommand& other : others) {
-        if (haveSameShape(command, other)) {
-            least = std::min(least, distance(command, other));
+    for (std::size_t other = 0; other < others.size(); ++other) {
+        if (shot.commands()[index].index() == others.commands()[other].index() &&
+            shot.points(index).size() == others.points(other).size()) {
+            least = std::min(least, distance(shot.points(index), others.points(other)));
         }
     }
     return least;
 }
 
-std::string told(const std::vector<DrawCommand>& commands) {
-    std::string all;
-    for (const DrawCommand& command : commands) {
-        all += toJson(command) + '\n';
+void expectInside(const Shot& shot, double margin, int frame) {
+    for (std::size_t index = 0; index < shot.size(); ++index) {
+        const double edge = margin - reach(shot.commands()[index]);
+        for (const Point point : shot.points(index)) {
+            ASSERT_TRUE(std::isfinite(point.x) && std::isfinite(point.y)) << frame;
+            ASSERT_GE(std::min(point.x, point.y), -edge) << frame;
+            ASSERT_LE(std::max(point.x, point.y), 100 + edge) << frame;
+        }
     }
-    return all;
 }
 
-TEST_P(TrickMotion, StaysInTheSquare) {
-    const double margin = GetParam().margin;
-    for (int frame = 0; frame < frames(); ++frame) {
-        for (const DrawCommand& command : at(frame)) {
-            const double width = reach(command);
-            for (const Point point : positions(command)) {
-                ASSERT_TRUE(std::isfinite(point.x) && std::isfinite(point.y)) << frame;
-                ASSERT_GE(std::min(point.x, point.y) - width, -margin) << frame;
-                ASSERT_LE(std::max(point.x, point.y) + width, 100 + margin) << frame;
-            }
+/// What is hardly seen may begin again elsewhere.
+void expectNoJump(const Shot& before, const Shot& after, double step, int frame) {
+    for (std::size_t index = 0; index < after.size(); ++index) {
+        if (opacity(before.commands()[index]) >= 0.15 && opacity(after.commands()[index]) >= 0.15) {
+            const double gone = distance(before.points(index), after.points(index));
+            ASSERT_LE(gone > step ? nearest(after, index, before) : gone, step)
+                << frame << " command " << index;
         }
     }
 }
 
 TEST_P(TrickMotion, FollowsFromTheMoment) {
     for (int frame = 0; frame < frames(); frame += 37) {
-        ASSERT_EQ(told(at(frame)), told(at(frame))) << frame;
+        ASSERT_EQ(inJson(record(at(frame))), inJson(record(at(frame)))) << frame;
     }
 }
 
-TEST_P(TrickMotion, NeverJumps) {
-    auto before = at(0);
+TEST_P(TrickMotion, StaysInTheSquareOfFewShapesAndNeverJumps) {
+    Shot before;
+    Shot after;
     int compared = 0;
-    for (int frame = 1; frame < frames(); ++frame) {
-        auto after = at(frame);
-        if (haveSameShapes(before, after) && blinks(frame - 1) == blinks(frame)) {
+    for (int frame = 0; frame < frames(); ++frame) {
+        after.take(at(frame));
+        ASSERT_LE(after.size(), 45U) << frame;
+        ASSERT_NO_FATAL_FAILURE(expectInside(after, GetParam().margin, frame));
+        if (frame > 0 && haveSameShapes(before, after) && blinks(frame - 1) == blinks(frame)) {
             ++compared;
-            for (std::size_t index = 0; index < after.size(); ++index) {
-                if (opacity(before[index]) < 0.15 || opacity(after[index]) < 0.15) {
-                    continue;
-                }
-                const double gone = distance(before[index], after[index]);
-                ASSERT_LE(gone > GetParam().step ? nearest(after[index], before) : gone, GetParam().step)
-                    << frame << " command " << index;
-            }
+            ASSERT_NO_FATAL_FAILURE(expectNoJump(before, after, GetParam().step, frame));
         }
-        before = std::move(after);
+        std::swap(before, after);
     }
     EXPECT_GT(compared, frames() * 8 / 10);
-}
-
-TEST_P(TrickMotion, IsFewShapes) {
-    for (int frame = 0; frame < frames(); ++frame) {
-        ASSERT_LE(at(frame).size(), 45U) << frame;
-    }
 }
 
 // The eyes jump to what is thrown. The greeting that ends the peek is a routine of its own. The pets of the

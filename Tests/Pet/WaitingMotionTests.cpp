@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -61,20 +62,11 @@ bool inSquare(Point point, double reach) {
     return std::isfinite(point.x) && std::isfinite(point.y) && fits(point.x) && fits(point.y);
 }
 
-std::string inJson(const std::vector<DrawCommand>& commands) {
-    std::string all;
-    for (const DrawCommand& command : commands) {
-        all += toJson(command) + '\n';
-    }
-    return all;
-}
-
 class WaitingMotion : public testing::TestWithParam<Routine> {};
 
 /// True for the eyes when they close or open again: the tall box gives way to the flat one.
-bool isBlink(const DrawCommand& before, const DrawCommand& now) {
-    const auto height = [](const DrawCommand& command) {
-        const auto points = positions(command);
+bool isBlink(std::span<const Point> before, std::span<const Point> now) {
+    const auto height = [](std::span<const Point> points) {
         return points.size() == 4 ? points[1].y - points[0].y : 0;
     };
     const double larger = std::max(height(before), height(now));
@@ -83,46 +75,46 @@ bool isBlink(const DrawCommand& before, const DrawCommand& now) {
 }
 
 bool isUnseen(const DrawCommand& command) {
-    return std::visit([](const auto& one) { return one.state.opacity < 0.02; }, command);
+    return opacity(command) < 0.02;
 }
 
-bool areComparable(const std::vector<DrawCommand>& before, const std::vector<DrawCommand>& now) {
-    return std::equal(before.begin(), before.end(), now.begin(), now.end(), haveSameShape);
-}
-
-void expectInSquare(const std::vector<DrawCommand>& commands, double t) {
-    for (const DrawCommand& command : commands) {
-        for (const Point& point : positions(command)) {
-            ASSERT_TRUE(inSquare(point, reach(command))) << t << ": " << point.x << ' ' << point.y << '\n'
-                                                         << toJson(command);
+void expectInSquare(const Shot& shot, double t) {
+    for (std::size_t i = 0; i < shot.size(); ++i) {
+        const double edge = reach(shot.commands()[i]);
+        for (const Point& point : shot.points(i)) {
+            if (!inSquare(point, edge)) {
+                FAIL() << t << ": " << point.x << ' ' << point.y << '\n' << toJson(shot.commands()[i]);
+            }
         }
     }
 }
 
-void expectNoJump(
-    const std::vector<DrawCommand>& before, const std::vector<DrawCommand>& now, double limit, double t
-) {
-    if (!areComparable(before, now)) {
+void expectNoJump(const Shot& before, const Shot& now, double limit, double t) {
+    if (!haveSameShapes(before, now)) {
         return;
     }
     for (std::size_t i = 0; i < now.size(); ++i) {
-        const double gone = distance(before[i], now[i]);
-        if (gone > limit && !isBlink(before[i], now[i]) && !isUnseen(before[i]) && !isUnseen(now[i])) {
-            FAIL() << t << ": " << gone << " units\n" << toJson(before[i]) << '\n' << toJson(now[i]);
+        const double gone = distance(before.points(i), now.points(i));
+        if (gone > limit && !isBlink(before.points(i), now.points(i)) && !isUnseen(before.commands()[i]) &&
+            !isUnseen(now.commands()[i])) {
+            FAIL() << t << ": " << gone << " units\n"
+                   << toJson(before.commands()[i]) << '\n'
+                   << toJson(now.commands()[i]);
         }
     }
 }
 
 TEST_P(WaitingMotion, staysInTheSquareAndMovesWithoutJumps) {
-    std::vector<DrawCommand> before;
+    Shot before;
+    Shot now;
     for (int frame = 0; frame < frames; ++frame) {
         const double t = frame * frameLength;
-        auto now = record(momentOf(GetParam(), frame));
+        now.take(momentOf(GetParam(), frame));
         ASSERT_NO_FATAL_FAILURE(expectInSquare(now, t));
-        if (!beginsAgain(GetParam(), frame)) {
+        if (frame > 0 && !beginsAgain(GetParam(), frame)) {
             ASSERT_NO_FATAL_FAILURE(expectNoJump(before, now, bound(GetParam()), t));
         }
-        before = std::move(now);
+        std::swap(before, now);
     }
 }
 
@@ -141,30 +133,27 @@ INSTANTIATE_TEST_SUITE_P(
 /// The bubble's box and a little air; its tail may touch the pet.
 constexpr Rect bubbleBox{76, 2, 20, 18};
 
-bool touchesBubble(const DrawCommand& command) {
-    const double air = reach(command);
-    for (const Point& point : positions(command)) {
-        if (point.x + air > bubbleBox.x && point.y - air < bubbleBox.maxY()) {
-            return true;
-        }
-    }
-    return false;
+bool touchesBubble(std::span<const Point> points, double air) {
+    return std::any_of(points.begin(), points.end(), [&](const Point& point) {
+        return point.x + air > bubbleBox.x && point.y - air < bubbleBox.maxY();
+    });
 }
 
 /// Lines, and boxes of the size of hands; the body itself may reach behind the bubble.
-bool isLimb(const DrawCommand& command) {
-    const auto points = positions(command);
+bool isLimb(const DrawCommand& command, std::span<const Point> points) {
     const bool isBox = points.size() == 4 && std::holds_alternative<FillCommand>(command);
-    return std::holds_alternative<StrokeCommand>(command) ||
-           (isBox && points.back().x - points.front().x < 20);
+    return std::holds_alternative<StrokeCommand>(command) || (isBox && points[3].x - points[0].x < 20);
 }
 
 class BesideTheBubble : public testing::TestWithParam<Routine> {};
 
 TEST_P(BesideTheBubble, keepsItsHandsOut) {
+    Shot shot;
     for (int frame = 0; frame < 40 * 48; ++frame) {
-        for (const DrawCommand& command : record(momentOf(GetParam(), frame))) {
-            ASSERT_FALSE(isLimb(command) && touchesBubble(command))
+        shot.take(momentOf(GetParam(), frame));
+        for (std::size_t i = 0; i < shot.size(); ++i) {
+            const DrawCommand& command = shot.commands()[i];
+            ASSERT_FALSE(isLimb(command, shot.points(i)) && touchesBubble(shot.points(i), reach(command)))
                 << frame * frameLength << ": " << toJson(command);
         }
     }

@@ -80,8 +80,6 @@ void phew(const PetPainter& pet, double phase) {
 void bigMug(const PetPainter& pet, Point at, double tilt) {
     constexpr double scale = 1.9;
     const PetPainter cup = pet.turned(at, -tilt).scaled(at, scale, scale);
-    cup.ring({at.x + 5, at.y}, 2.6, darkBrown, 3.2);
-    cup.rounded(at.x - 5.7, at.y - 5.7, 11.4, 11.4, 2.8, darkBrown);
     cup.mug(at, tilt > 0.05 ? Steam::none : Steam::rising);
 }
 

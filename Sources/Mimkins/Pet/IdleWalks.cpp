@@ -13,6 +13,20 @@ using tempo::between;
 using tempo::pi;
 using tempo::present;
 
+namespace {
+
+/// The feet kick up a little dust behind them; `heading` from -1 to 1 is the pace to the right.
+void heelDust(const PetPainter& pet, double heading) {
+    const double behind = heading < 0 ? 1 : -1;
+    for (const double foot : {0.0, 0.5}) {
+        const double f = fraction(9 * pet.t / (2 * pi) + foot);
+        const Point at{50 + behind * (17 + 9 * f), 88.5 - 4 * f};
+        pet.faded(0.85 * std::fabs(heading) * std::sin(pi * f)).disc(at, 2 + 2.2 * f, Color::grey(0.66));
+    }
+}
+
+} // namespace
+
 void stepSideTo(PetPainter& pet, Aside aside) {
     const bool waves = aside == Aside::waving;
     const double side = std::sin(1.6 * pet.t);
@@ -21,13 +35,15 @@ void stepSideTo(PetPainter& pet, Aside aside) {
     pet.bob = -1.8 * std::fabs(step);
     pet.squash = 0.8 * std::cos(18 * pet.t);
     const double heading = std::cos(1.6 * pet.t);
-    pet.standing(Legs::walking, Eyes::look((waves ? 2 : 4) * heading, 0), Mouth::smile);
-    pet.armDown(Side::left, 5 * step);
+    heelDust(pet, heading);
+    pet.standing(Legs::walking, Eyes::look((waves ? 2 : 5) * heading, 0), Mouth::smile);
+    const double swing = waves ? 5 : 7;
+    pet.armDown(Side::left, swing * step);
     if (waves) {
         cheeks(pet, 1);
         pet.waveArm(Side::right, 9);
     } else {
-        pet.armDown(Side::right, 5 * step);
+        pet.armDown(Side::right, swing * step);
     }
 }
 

@@ -19,11 +19,12 @@ struct Descent {
     double jolt = 0;   ///< of the landing
 };
 
+/// Falls fast at first, and most of the way floats so low that the canopy is in sight.
 Descent descent(double time) {
     const double left = 1 - std::clamp(time / touchdown, 0.0, 1.0);
     const double since = std::max(time - touchdown, 0.0);
     return {
-        1 - left * left, 80 * (0.4 * left + 0.6 * left * left), between(time, touchdown + 0.15, settled),
+        1 - left * left, 4 * left + 76 * left * left * left, between(time, touchdown + 0.15, settled),
         std::sin(std::numbers::pi * std::clamp(since / 0.5, 0.0, 1.0))};
 }
 

@@ -11,7 +11,17 @@ namespace {
 
 constexpr double turn = 2 * std::numbers::pi;
 constexpr Color brown{0.55, 0.38, 0.22};
+constexpr Color darkBrown{0.36, 0.23, 0.13};
 constexpr Color sand{0.96, 0.8, 0.45};
+/// Lies under light things, so that they stand out from a light ground; a dark one swallows it.
+constexpr Color edge = Color::black(0.42);
+constexpr double edgeWidth = 1.3;
+
+/// A word with a dark edge to its lower right.
+void edgedWord(const PetPainter& pet, std::string_view text, Point center, double size, const Color& color) {
+    pet.word(text, {center.x + 0.8, center.y + 0.8}, size, Color::black(0.6));
+    pet.word(text, center, size, color);
+}
 
 } // namespace
 
@@ -20,9 +30,17 @@ void PetPainter::bubble(std::string_view text, const Color& color, Pulse pulse) 
     still.shiftX = 0;
     constexpr Point center{86, 11};
     const double p = pulse == Pulse::beating ? 1 + 0.06 * std::sin(6 * t) : 1;
-    still.rounded(center.x - 10 * p, center.y - 9 * p, 20 * p, 18 * p, 6, colors.paper);
-    still.polygon({{79, 17}, {84, 18}, {76, 25}}, colors.paper);
-    still.word(text, center, 14 * p, color);
+    const Rect box{center.x - 10 * p, center.y - 9 * p, 20 * p, 18 * p};
+    const Path tail = Path::polygon({{79, 17}, {84, 18}, {76, 25}});
+    Path silhouette = Path::roundedRect(box, 6);
+    silhouette.addLines(std::array<Point, 4>{{{79, 17}, {84, 18}, {76, 25}, {79, 17}}});
+    still.stroke(silhouette, edge, 2 * edgeWidth);
+    still.rounded(box.x, box.y, box.width, box.height, 6, colors.paper);
+    still.fill(tail, colors.paper);
+    // The signs are thin: set twice, a little apart, they hold their own where a unit is half a pixel.
+    for (const double shift : {-0.6, 0.6}) {
+        still.word(text, {center.x + shift, center.y}, 14 * p, color);
+    }
 }
 
 void PetPainter::sweatDrop(double x, double y) const {
@@ -39,25 +57,31 @@ void PetPainter::notes(double x, double y) const {
         const auto i = static_cast<double>(index);
         const double f = fraction(0.6 * t + 0.5 * i);
         const Point at{x + 18 * f, y - 30 * f + 2 * std::sin(5 * t + i)};
-        faded(1 - f).word(glyphs[index], at, 10, Color::white());
+        edgedWord(faded(1 - f), glyphs[index], at, 10, Color::white());
     }
 }
 
 void PetPainter::thoughtDots() const {
     const double step = std::floor(2 * t);
     const double count = step - 4 * std::floor(step / 4);
+    const auto dot = [&](Point center, double radius) {
+        disc(center, radius + edgeWidth, edge);
+        disc(center, radius, colors.paper);
+    };
     if (count >= 1) {
-        disc({77.5, 17.5}, 2.5, colors.paper);
+        dot({77.5, 17.5}, 2.5);
     }
     if (count >= 2) {
-        disc({83.8, 8.8}, 3.2, colors.paper);
+        dot({83.8, 8.8}, 3.2);
     }
     if (count >= 3) {
-        disc({90, 0}, 4, colors.paper);
+        dot({90, 0}, 4);
     }
 }
 
 void PetPainter::mug(Point at, Steam steam) const {
+    ring({at.x + 5, at.y}, 2.6, darkBrown, 3.2);
+    rounded(at.x - 5.7, at.y - 5.7, 11.4, 11.4, 2.8, darkBrown);
     ring({at.x + 5, at.y}, 2.6, colors.paper, 1.8);
     rounded(at.x - 5, at.y - 5, 10, 10, 2.2, colors.paper);
     rounded(at.x - 5, at.y - 0.6, 10, 2.6, 0, colors.accent);
@@ -69,8 +93,10 @@ void PetPainter::mug(Point at, Steam steam) const {
         const double f = fraction(0.5 * t + 0.5 * i);
         const double x = at.x - 2 + 4 * i;
         const double y = at.y - 7 - 8 * f;
-        faded(0.7 * std::sin(std::numbers::pi * f))
-            .curve({x, y}, {x + 2.5 * std::sin(3 * t + i), y - 3}, {x, y - 6}, Color::white(), 1.5);
+        const Point bend{x + 2.5 * std::sin(3 * t + i), y - 3};
+        const PetPainter wisp = faded(0.8 * std::sin(std::numbers::pi * f));
+        wisp.curve({x, y}, bend, {x, y - 6}, Color::black(0.2), 2.6);
+        wisp.curve({x, y}, bend, {x, y - 6}, Color::white(), 1.6);
     }
 }
 
@@ -138,10 +164,10 @@ void rays(const PetPainter& pet, Point center, double pulse) {
     Path all;
     for (int ray = 0; ray < 12; ++ray) {
         const double angle = turn * ray / 12;
-        const auto edge = [&](double shift) {
+        const auto rim = [&](double shift) {
             return Point{center.x + 50 * std::cos(angle + shift), center.y + 50 * std::sin(angle + shift)};
         };
-        all.addLines(std::array{center, edge(-0.09), edge(0.09)});
+        all.addLines(std::array{center, rim(-0.09), rim(0.09)});
         all.closeSubpath();
     }
     turning.fill(all, fading);

@@ -2,6 +2,7 @@
 #include "Pet/WaitingScenes.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace mimkins::scene {
@@ -16,9 +17,13 @@ constexpr double bubbleFloor = 30;
 
 /// Strokes beside the foot that taps, seen while it strikes.
 void tapMarks(const PetPainter& pet) {
-    const Color mark = Color::grey(0.6, std::max(-std::sin(18 * pet.t), 0.0));
-    pet.line({{75, 83}, {80, 80}}, mark, 1.8);
-    pet.line({{76.5, 88}, {82, 88}}, mark, 1.8);
+    Path marks;
+    marks.addLines(std::array<Point, 2>{{{73.5, 81.5}, {77.5, 75.5}}});
+    marks.addLines(std::array<Point, 2>{{{77, 85}, {84, 81.5}}});
+    marks.addLines(std::array<Point, 2>{{{77.5, 89.5}, {85.5, 89.5}}});
+    const PetPainter struck = pet.faded(-std::sin(18 * pet.t));
+    struck.stroke(marks, Color::black(0.5), 4);
+    struck.stroke(marks, Color{1, 0.86, 0.4}, 2.2);
 }
 
 /// A cloud of breath that leaves the mouth, from 0 to 1.
@@ -26,9 +31,15 @@ void sighCloud(const PetPainter& pet, double share) {
     const PetPainter cloud = pet.faded(0.9 * window(share, 0, 1, 0.3));
     const Point at = between({53, pet.mouthLine() + 2}, {70, pet.mouthLine() + 9}, share);
     const double size = 1.5 + 3 * share;
-    cloud.disc(at, size, Color::white());
-    cloud.disc({at.x + size, at.y - 0.6 * size}, 0.8 * size, Color::white());
-    cloud.disc({at.x + 1.4 * size, at.y + 0.5 * size}, 0.7 * size, Color::white());
+    Path puffs;
+    const auto add = [&](double x, double y, double radius) {
+        puffs.addEllipse({at.x + x - radius, at.y + y - radius, 2 * radius, 2 * radius});
+    };
+    add(0, 0, size);
+    add(size, -0.6 * size, 0.8 * size);
+    add(1.4 * size, 0.5 * size, 0.7 * size);
+    cloud.stroke(puffs, Color::black(0.4), 2.4);
+    cloud.fill(puffs, Color::white());
 }
 
 /// An arm between hanging (0) and the hand on the hip (1).

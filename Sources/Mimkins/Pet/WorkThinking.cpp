@@ -1,6 +1,7 @@
 #include "Pet/WorkMotion.h"
 #include "Pet/WorkScenes.h"
 
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -26,9 +27,14 @@ void thinkingArms(const PetPainter& pet, double rub, double raised) {
     pet.arm(Side::left, pose({17, 80}, {12, 63}), pose({69, 73.5}, {26, 68}));
     const Point hand = pose({58 + rub, 67}, {88, 34 + rub});
     pet.arm(Side::right, pose({97, 79}, {90, 56}), hand);
+    // The hand lies on the body, whose colour is near its own: an edge sets it off.
+    Path fingers;
+    fingers.addLines(std::array<Point, 3>{
+        {{hand.x + 2, hand.y - 8.5}, hand, {hand.x - 6 + 4 * raised, hand.y - 1}}});
+    pet.disc(hand, 5.6, pet.colors.limb);
+    pet.stroke(fingers, pet.colors.limb, 5.8);
     pet.disc(hand, 4.2, pet.colors.hand);
-    pet.line({hand, {hand.x + 2, hand.y - 8.5}}, pet.colors.hand, 3.2);
-    pet.line({hand, {hand.x - 6 + 4 * raised, hand.y - 1}}, pet.colors.hand, 3.2);
+    pet.stroke(fingers, pet.colors.hand, 3.2);
 }
 
 // The idea comes once in twenty seconds, at one of three moments.

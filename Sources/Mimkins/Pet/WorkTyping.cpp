@@ -106,8 +106,10 @@ void laptop(PetPainter& pet) {
     pet.torso();
     pet.eyes(Eyes::look(0, 3));
     pet.mouth(Mouth::flat);
+    pet.rounded(32.7, 52.7, 34.6, 23, 4.3, Color::black(0.5));
     pet.rounded(34, 54, 32, 21, 3, Color::grey(0.72));
     pet.ellipse(47, 62, 6, 6, Color::white(0.9));
+    pet.rounded(26.8, 72.8, 46.4, 6.4, 3.2, Color::black(0.5));
     pet.rounded(28, 74, 44, 4, 2, Color::grey(0.5));
     typingHands(pet);
 }
