@@ -52,7 +52,10 @@ private:
     void showSessions();
     void followDrawer();
     void keepTime();
+    CardContext cardContext(const std::string& id) const;
+    const Session* find(const std::string& id) const;
     void open(const std::string& id);
+    void choose(const std::string& id, const CardChoice& choice);
 
     Parts parts_;
     PanelSettings settings_;
@@ -63,6 +66,7 @@ private:
     Backdrop backdrop_;
     std::optional<std::string> highlighted_;
     sigc::connection sessionsConnection_;
+    sigc::connection subtasksConnection_;
     sigc::connection drawerConnection_;
     Handle beat_;
     Handle frames_;
