@@ -34,6 +34,8 @@ public:
 
     void showFile(const std::string& link) override { shown = link; }
 
+    void showFolder(const std::string&) override {}
+
     std::string shown;
 };
 

@@ -30,6 +30,13 @@ const std::vector<Case> cases{
     {"nothing", "", "", ""},
 };
 
+CardLook look(double scale, FontDesign design = FontDesign::standard) {
+    return {&PetTheme::nightSky(), Typography(design, scale), 62, {}};
+}
+
+/// A row with all the badges that there are.
+CardRow fullRow(const Case& words);
+
 CardRow row(const Case& words) {
     CardRow row;
     row.id = words.name;
@@ -42,27 +49,70 @@ CardRow row(const Case& words) {
     return row;
 }
 
+CardRow fullRow(const Case& words) {
+    CardRow full = row(words);
+    full.agent = words.project + " AGENT";
+    full.effort = effortBadge(1);
+    full.pill = subtasksPill(128, false);
+    full.model = modelBadge({"claude-a-model-with-a-long-name", "max"}, ModelBadgeForm::named);
+    full.highlighted = true;
+    return full;
+}
+
 class CardTextAtScale : public testing::TestWithParam<double> {};
 
+struct Placed {
+    std::string what;
+    QRectF rect;
+};
+
+void expectApart(const CardText& set, double width) {
+    std::vector<Placed> all;
+    for (const auto& run : set.runs) {
+        all.push_back({run.text.toStdString(), run.rect});
+        EXPECT_LE(QFontMetricsF(run.font).horizontalAdvance(run.text), run.rect.width() + 1)
+            << run.text.toStdString();
+    }
+    for (const auto& chip : set.chips) {
+        all.push_back({"badge " + std::to_string(static_cast<int>(chip.badge)), chip.rect});
+    }
+    for (std::size_t one = 0; one < all.size(); ++one) {
+        EXPECT_GE(all[one].rect.left(), 0) << all[one].what;
+        EXPECT_LE(all[one].rect.right(), width + 0.01) << all[one].what;
+        EXPECT_LE(all[one].rect.bottom(), set.height + 0.01) << all[one].what;
+        for (std::size_t other = one + 1; other < all.size(); ++other) {
+            const auto shared = all[one].rect.intersected(all[other].rect);
+            EXPECT_FALSE(shared.width() > 0.01 && shared.height() > 0.01)
+                << all[one].what << " / " << all[other].what;
+        }
+    }
+}
+
 TEST_P(CardTextAtScale, NothingOverlapsOrLeavesTheColumn) {
-    const Typography typography(FontDesign::rounded, GetParam());
+    const CardLook shown = look(GetParam(), FontDesign::rounded);
     for (const double width : {60.0, 140.0, 200.0, 260.0}) {
         for (const auto& words : cases) {
             SCOPED_TRACE(testing::Message() << words.name << " in " << width);
-            const auto set = setCardText(row(words), "88h 59m", width, typography);
-            for (std::size_t one = 0; one < set.runs.size(); ++one) {
-                const auto& run = set.runs[one];
-                EXPECT_GE(run.rect.left(), 0);
-                EXPECT_LE(run.rect.right(), width + 0.01);
-                EXPECT_LE(run.rect.bottom(), set.height + 0.01);
-                EXPECT_LE(QFontMetricsF(run.font).horizontalAdvance(run.text), run.rect.width() + 1)
-                    << run.text.toStdString();
-                for (std::size_t other = one + 1; other < set.runs.size(); ++other) {
-                    const auto shared = run.rect.intersected(set.runs[other].rect);
-                    EXPECT_FALSE(shared.width() > 0.01 && shared.height() > 0.01)
-                        << run.text.toStdString() << " / " << set.runs[other].text.toStdString();
-                }
-            }
+            expectApart(setCardText(row(words), "88h 59m", width, shown), width);
+            expectApart(setCardText(fullRow(words), "88h 59m", width, shown), width);
+        }
+    }
+}
+
+TEST_P(CardTextAtScale, WordsOfASubtaskStayApart) {
+    const CardLook shown = look(GetParam(), FontDesign::rounded);
+    for (const double width : {60.0, 140.0, 200.0}) {
+        for (const auto& words : cases) {
+            SCOPED_TRACE(testing::Message() << words.name << " in " << width);
+            SubtaskRow task;
+            task.description = words.title;
+            task.stateWord = "Needs your OK";
+            task.activity = words.activity;
+            task.badges.plain = modelBadge({"claude-opus-4-5", "max"}, ModelBadgeForm::iconOnly);
+            expectApart(setSubtaskText(task, "88h 59m", width, shown), width);
+            task.badges = {
+                std::nullopt, modelBadge({words.project + "-model", "max"}, ModelBadgeForm::highlighted)};
+            expectApart(setSubtaskText(task, "88h 59m", width, shown), width);
         }
     }
 }
@@ -80,8 +130,8 @@ QStringList textsOf(const CardText& set, CardText::Role role) {
 }
 
 TEST(CardText, LongTitleTakesTwoLinesAndAnEllipsis) {
-    const Typography typography(FontDesign::standard, 1);
-    const auto titles = textsOf(setCardText(row(cases[2]), "5s", 200, typography), CardText::Role::title);
+    const CardLook shown = look(1);
+    const auto titles = textsOf(setCardText(row(cases[2]), "5s", 200, shown), CardText::Role::title);
     ASSERT_EQ(titles.size(), 2);
     EXPECT_FALSE(titles[0].endsWith("…"));
     EXPECT_TRUE(titles[1].endsWith("…"));
@@ -89,8 +139,8 @@ TEST(CardText, LongTitleTakesTwoLinesAndAnEllipsis) {
 }
 
 TEST(CardText, LongProjectIsShortenedInTheMiddle) {
-    const Typography typography(FontDesign::standard, 1);
-    const auto projects = textsOf(setCardText(row(cases[2]), "5s", 140, typography), CardText::Role::project);
+    const CardLook shown = look(1);
+    const auto projects = textsOf(setCardText(row(cases[2]), "5s", 140, shown), CardText::Role::project);
     ASSERT_EQ(projects.size(), 1);
     EXPECT_TRUE(projects[0].contains("…"));
     EXPECT_TRUE(projects[0].startsWith("a-p"));
@@ -98,8 +148,8 @@ TEST(CardText, LongProjectIsShortenedInTheMiddle) {
 }
 
 TEST(CardText, StateStandsOnOneLineWhereItFits) {
-    const Typography typography(FontDesign::standard, 1);
-    const auto set = setCardText(row(cases[0]), "5s", 400, typography);
+    const CardLook shown = look(1);
+    const auto set = setCardText(row(cases[0]), "5s", 400, shown);
     std::vector<double> tops;
     for (const auto& run : set.runs) {
         if (run.role == CardText::Role::name || run.role == CardText::Role::mood ||
@@ -113,23 +163,70 @@ TEST(CardText, StateStandsOnOneLineWhereItFits) {
 }
 
 TEST(CardText, AGrowingNumberOfSecondsDoesNotChangeTheHeight) {
-    const Typography typography(FontDesign::standard, 1);
+    const CardLook shown = look(1);
     for (double width = 60; width < 300; width += 1) {
-        const auto one = setCardText(row(cases[0]), "9s", width, typography);
-        const auto two = setCardText(row(cases[0]), "10s", width, typography);
+        const auto one = setCardText(row(cases[0]), "9s", width, shown);
+        const auto two = setCardText(row(cases[0]), "10s", width, shown);
         EXPECT_EQ(one.height, two.height) << width;
     }
 }
 
+TEST(CardText, BadgesKeepTheirSizeAtEveryWidthOfTheDrawer) {
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        const CardLook shown = look(scale, FontDesign::rounded);
+        for (const double drawer : {280.0, 320.0, 380.0}) {
+            const double width = drawer - 24 - 10 - 62 - 10 - 10;
+            const auto set = setCardText(fullRow(cases[0]), "88h 59m", width, shown);
+            for (const auto badge : {CardText::Badge::effort, CardText::Badge::pill}) {
+                const auto* placed = set.find(badge);
+                ASSERT_NE(placed, nullptr);
+                EXPECT_GE(placed->rect.width(), placed->chip.size().width()) << drawer;
+                EXPECT_FALSE(placed->chip.pieces.back().words.contains("…")) << drawer << " at " << scale;
+            }
+        }
+    }
+}
+
+double widthOf(const CardText& set, CardText::Badge badge) {
+    const auto* placed = set.find(badge);
+    return placed != nullptr ? placed->rect.width() : 0;
+}
+
+TEST(CardText, PillIsCompactWhereTheHeaderDoesNotFit) {
+    auto busy = row(cases[0]);
+    busy.project = "SHOP";
+    busy.pill = subtasksPill(3, false);
+    const double wide = widthOf(setCardText(busy, "5s", 260, look(1)), CardText::Badge::pill);
+    busy.project = "A-PROJECT-WITH-A-NAME-THAT-GOES-ON-AND-ON";
+    const auto narrow = setCardText(busy, "5s", 260, look(1));
+    EXPECT_LT(widthOf(narrow, CardText::Badge::pill), wide - 20);
+    EXPECT_TRUE(textsOf(narrow, CardText::Role::project)[0].contains("…"));
+    EXPECT_EQ(narrow.find(CardText::Badge::pill)->rect.top(), narrow.runs[0].rect.top());
+}
+
+TEST(CardText, MarkInTheCornerLeavesRoomForItself) {
+    auto pointed = fullRow(cases[2]);
+    pointed.highlighted = true;
+    const double width = 204;
+    const auto set = setCardText(pointed, "5s", width, look(1));
+    const double mark = nextUpChip(look(1)).size().width() - 10; // beyond the column lies the padding
+    const double header = set.runs[0].rect.bottom();
+    for (const auto& chip : set.chips) {
+        if (chip.rect.top() < header) {
+            EXPECT_LE(chip.rect.right(), width - mark);
+        }
+    }
+    EXPECT_LE(set.runs[0].rect.right(), width - mark);
+}
+
 TEST(CardView, DrawsEveryMoodDifferently) {
-    const CardLook look{&PetTheme::nightSky(), Typography(FontDesign::standard, 1), 62, {}};
     std::vector<QImage> pictures;
     for (const auto mood :
          {Mood::working, Mood::needsPermission, Mood::question, Mood::yourTurn, Mood::snag, Mood::stuck}) {
         auto shown = row(cases[0]);
         shown.mood = mood;
         shown.moodLabel = label(mood);
-        CardView card(shown, look, Date{0});
+        CardView card(shown, look(1), Date{0});
         card.resize(300, 100);
         pictures.push_back(card.grab().toImage());
     }

@@ -20,6 +20,8 @@ public:
 
     void showFile(const std::string& link) override { opened.push_back(link); }
 
+    void showFolder(const std::string& folder) override { opened.push_back("folder " + folder); }
+
     std::vector<std::string> opened;
 };
 

@@ -181,6 +181,9 @@ TEST_F(Panel, HighlightedCardIsScrolledTo) {
     auto* last = panel->list().cards().back();
     EXPECT_TRUE(last->visibleRegion().isEmpty());
     drawer.setHighlightedId(last->row().id);
+    EXPECT_TRUE(last->visibleRegion().isEmpty()); // on the way there
+    while (panel->list().step(0.016)) {
+    }
     EXPECT_FALSE(last->visibleRegion().isEmpty());
 }
 

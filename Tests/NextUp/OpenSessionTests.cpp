@@ -16,6 +16,8 @@ public:
 
     void showFile(const std::string& link) override { calls.push_back("show " + link); }
 
+    void showFolder(const std::string& folder) override { calls.push_back("folder " + folder); }
+
     std::vector<std::string> calls;
 };
 
@@ -59,6 +61,32 @@ TEST_F(OpenSession, FileIsShownAndNotOpened) {
 TEST_F(OpenSession, NoLinkDoesNothing) {
     openLink(std::nullopt, opener);
     EXPECT_THAT(opener.calls, IsEmpty());
+}
+
+TEST_F(OpenSession, NewSessionStartsInTheSameFolder) {
+    session.folder = "/home/me/my shop";
+    newSession(session, std::nullopt, opener);
+    newSession(session, "Fix a & b", opener);
+    EXPECT_THAT(
+        opener.calls, ElementsAre(
+                          "open claude://code/new?folder=/home/me/my%20shop",
+                          "open claude://code/new?q=Fix%20a%20%26%20b&folder=/home/me/my%20shop"
+                      )
+    );
+}
+
+TEST_F(OpenSession, NewSessionWithoutAFolderStartsAnywhere) {
+    newSession(session, std::nullopt, opener);
+    newSession(session, "", opener);
+    EXPECT_THAT(opener.calls, ElementsAre("open claude://code/new", "open claude://code/new"));
+}
+
+TEST_F(OpenSession, FolderIsShownIfItIsKnown) {
+    showFolder(session, opener);
+    EXPECT_THAT(opener.calls, IsEmpty());
+    session.folder = "/home/me/shop";
+    showFolder(session, opener);
+    EXPECT_THAT(opener.calls, ElementsAre("folder /home/me/shop"));
 }
 
 } // namespace

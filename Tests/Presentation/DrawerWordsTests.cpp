@@ -158,7 +158,7 @@ TEST(CardRow, WithoutALinkThereIsNoToolTip) {
 }
 
 TEST(CardRow, NameTagsMayBeOff) {
-    const auto row = cardRow(session(Mood::idle), {false, 0});
+    const auto row = cardRow(session(Mood::idle), {.nameTags = false});
     EXPECT_FALSE(row.name.has_value());
     EXPECT_NE(row.accessibleName.find(session(Mood::idle).petName(0)), std::string::npos);
 }

@@ -16,6 +16,9 @@ inline PanelSettings panelSettingsOf(const AppSettings& settings, Date now) {
     panel.motion = settings.petMotion(now);
     panel.cards.nameTags = settings.nameTags();
     panel.cards.shuffle = settings.petShuffle();
+    panel.cards.crewHeads = settings.crewHeads();
+    panel.cards.modelBadges = settings.modelBadges();
+    panel.quickPrompts = settings.quickPrompts();
     return panel;
 }
 

@@ -27,6 +27,8 @@ public:
     void openLink(const std::string&) override {}
 
     void showFile(const std::string&) override {}
+
+    void showFolder(const std::string&) override {}
 };
 
 class NoSounds final : public SoundPlayer {

@@ -2,6 +2,7 @@
 
 #include "Base/Link.h"
 #include "Base/Log.h"
+#include "Session/DeepLink.h"
 
 namespace mimkins {
 
@@ -30,6 +31,16 @@ void jump(const Session& session, LinkOpener& opener) {
     }
     log::write(log::Level::standard, category, "click: opening " + *link);
     openLink(link, opener);
+}
+
+void newSession(const Session& session, const std::optional<std::string>& prompt, LinkOpener& opener) {
+    openLink(deep_link::newSession(session.folder, prompt), opener);
+}
+
+void showFolder(const Session& session, LinkOpener& opener) {
+    if (session.folder) {
+        opener.showFolder(*session.folder);
+    }
 }
 
 } // namespace mimkins

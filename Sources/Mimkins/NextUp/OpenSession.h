@@ -15,4 +15,10 @@ void openLink(const std::optional<std::string>& link, LinkOpener& opener);
 /// What a click on a session's card does. The user sees no failure: a session without a link is only logged.
 void jump(const Session& session, LinkOpener& opener);
 
+/// Starts a session of the desktop client where this one works, with a prompt if one is given.
+void newSession(const Session& session, const std::optional<std::string>& prompt, LinkOpener& opener);
+
+/// Shows where the session works. Does nothing if that isn't known.
+void showFolder(const Session& session, LinkOpener& opener);
+
 } // namespace mimkins

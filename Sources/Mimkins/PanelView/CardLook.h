@@ -12,6 +12,9 @@ struct CardLook {
     Typography typography;
     double petPoints = 62;
     PetLook pets;
+
+    /// What colours are shown under that the theme leaves to the desktop.
+    ColorScheme scheme() const { return theme->scheme.value_or(ColorScheme::dark); }
 };
 
 } // namespace mimkins

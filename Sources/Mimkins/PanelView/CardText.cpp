@@ -1,6 +1,8 @@
 #include "PanelView/CardText.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/TextColumn.h"
+#include "Presentation/MoodTint.h"
 
 #include <QFontMetricsF>
 
@@ -14,115 +16,202 @@ namespace {
 constexpr double projectPoints = 10;
 constexpr double titlePoints = 13;
 constexpr double smallPoints = 11;
-constexpr double lineGap = 3;
-constexpr double wordGap = 4;
+constexpr double headerGap = 6;
 constexpr double projectSpacing = 0.7;
 constexpr int titleLines = 2;
+/// The room that a project asks for at the least beside badges, in heights of its font.
+constexpr double leastProject = 4;
 
-/// Puts words below and beside one another inside the column.
-class Setter {
-public:
-    Setter(CardText& text, double width) : text_(text), width_(width) {}
+using Badge = CardText::Badge;
+using Role = CardText::Role;
 
-    /// A line of its own for a whole run.
-    void line(CardText::Role role, const QString& words, const QFont& font) {
-        newLine(font);
-        place(role, words, font, width_);
-        x_ = width_;
-    }
-
-    /// A piece of a sentence: on the present line if it fits, else on the next. `least` is the room that it
-    /// asks for at the least, so that a growing number doesn't break the line each second.
-    void piece(CardText::Role role, const QString& words, const QFont& font, double least = 0) {
-        const QFontMetricsF metrics(font);
-        const double wanted = std::max(std::ceil(metrics.horizontalAdvance(words)), least);
-        const QString dot = "·";
-        const double dotWidth = std::ceil(metrics.horizontalAdvance(dot));
-        if (x_ > 0 && x_ + 2 * wordGap + dotWidth + wanted > width_) {
-            newLine(font);
-        }
-        if (x_ > 0) {
-            x_ += wordGap;
-            place(CardText::Role::separator, dot, font, dotWidth);
-            x_ += dotWidth + wordGap;
-        }
-        const double room = std::min(wanted, width_ - x_);
-        place(role, metrics.elidedText(words, Qt::ElideRight, room), font, room);
-        x_ += room;
-    }
-
-    void newLine(const QFont& font) {
-        y_ += lineHeight_ + (y_ + lineHeight_ > 0 ? gap_ : 0);
-        gap_ = lineGap;
-        x_ = 0;
-        lineHeight_ = std::ceil(QFontMetricsF(font).height());
-    }
-
-    /// The next line follows without a gap: it goes on with the same text.
-    void closeUp() { gap_ = 0; }
-
-    double bottom() const { return y_ + lineHeight_; }
-
-private:
-    void place(CardText::Role role, const QString& words, const QFont& font, double width) {
-        text_.runs.push_back({role, words, font, QRectF(x_, y_, width, lineHeight_)});
-    }
-
-    CardText& text_;
-    double width_;
-    double x_ = 0;
-    double y_ = 0;
-    double lineHeight_ = 0;
-    double gap_ = lineGap;
+struct HeaderItem {
+    Badge badge;
+    Chip chip;
 };
 
-void setProject(Setter& setter, const CardRow& row, double width, const Typography& typography) {
-    QFont font = typography.font(projectPoints, QFont::ExtraBold);
+std::vector<HeaderItem> headerItems(const CardRow& row, PillForm form, const CardLook& look) {
+    std::vector<HeaderItem> items;
+    if (row.agent) {
+        items.push_back({Badge::agent, agentChip(qt::text(*row.agent), look)});
+    }
+    if (row.effort) {
+        items.push_back({Badge::effort, effortChip(*row.effort, look)});
+    }
+    if (row.pill) {
+        items.push_back({Badge::pill, pillChip(*row.pill, form, tint(*look.theme, row.mood), look)});
+    }
+    return items;
+}
+
+double widthOf(const std::vector<HeaderItem>& items) {
+    double width = 0;
+    for (const auto& item : items) {
+        width += headerGap + item.chip.size().width();
+    }
+    return width;
+}
+
+double heightOf(const std::vector<HeaderItem>& items) {
+    double height = 0;
+    for (const auto& item : items) {
+        height = std::max(height, item.chip.size().height());
+    }
+    return height;
+}
+
+QFont projectFont(const CardLook& look) {
+    QFont font = look.typography.font(projectPoints, QFont::ExtraBold);
     font.setLetterSpacing(QFont::AbsoluteSpacing, projectSpacing);
-    const QString words = QFontMetricsF(font).elidedText(qt::text(row.project), Qt::ElideMiddle, width);
-    setter.line(CardText::Role::project, words, font);
+    return font;
 }
 
-void setTitle(Setter& setter, const CardRow& row, double width, const Typography& typography) {
-    const QFont font = typography.font(titlePoints, QFont::DemiBold);
-    const auto lines = fittedLines(qt::text(row.title), font, width, titleLines);
-    for (const auto& line : lines) {
-        setter.line(CardText::Role::title, line, font);
-        if (&line != &lines.last()) {
-            setter.closeUp();
+/// Badges on lines of their own, as many on each as there is room for.
+void flow(TextColumn& column, const std::vector<HeaderItem>& items, double width) {
+    double x = width;
+    for (const auto& item : items) {
+        const double wanted = item.chip.size().width();
+        if (x + wanted > width) {
+            column.newLine(heightOf(items));
+            x = 0;
         }
+        column.put(item.badge, item.chip, x);
+        x += wanted + headerGap;
     }
 }
 
-void setState(Setter& setter, const CardRow& row, const QString& elapsed, const Typography& typography) {
-    const QFont plain = typography.font(smallPoints, QFont::Medium);
-    setter.newLine(plain);
-    if (row.name) {
-        setter.piece(CardText::Role::name, qt::text(*row.name), typography.font(smallPoints, QFont::Bold));
+/// The project and, beside it, the badges. `width` may be less than the column's.
+void setHeader(TextColumn& column, const CardRow& row, double width, const CardLook& look) {
+    const QFont font = projectFont(look);
+    const QFontMetricsF metrics(font);
+    const QString project = qt::text(row.project);
+    const double wanted = std::ceil(metrics.horizontalAdvance(project)) + 1;
+    auto items = headerItems(row, PillForm::full, look);
+    if (wanted + widthOf(items) > width) {
+        items = headerItems(row, PillForm::compact, look);
     }
-    setter.piece(
-        CardText::Role::mood, qt::text(row.moodLabel), typography.font(smallPoints, QFont::DemiBold)
-    );
-    const double least = std::ceil(QFontMetricsF(plain).horizontalAdvance("88m"));
-    setter.piece(CardText::Role::elapsed, elapsed, plain, least);
+    const double beside = width - widthOf(items);
+    const bool oneLine = beside >= std::min(wanted, leastProject * metrics.height());
+    const double room = std::min(wanted, oneLine ? beside : width);
+    column.newLine(std::max(metrics.height(), oneLine ? heightOf(items) : 0));
+    column.put(Role::project, metrics.elidedText(project, Qt::ElideMiddle, room), font, 0, room);
+    if (!oneLine) {
+        flow(column, items, width);
+        return;
+    }
+    double x = room;
+    for (const auto& item : items) {
+        column.put(item.badge, item.chip, x + headerGap);
+        x += headerGap + item.chip.size().width();
+    }
+}
+
+/// The width that the mark in the corner leaves to the header.
+double headerWidth(const CardRow& row, double width, const CardLook& look) {
+    constexpr double cornerShare = 4; // the mark reaches into the padding, and something stays between
+    const double left = row.highlighted ? nextUpChip(look).size().width() - cornerShare : 0;
+    return std::max(width - left, width / 2);
+}
+
+void setElapsed(TextColumn& column, const QString& elapsed, const QFont& font) {
+    const double least = std::ceil(QFontMetricsF(font).horizontalAdvance("88m"));
+    column.piece(Role::elapsed, elapsed, font, least);
+}
+
+void setState(TextColumn& column, const CardRow& row, const QString& elapsed, const Typography& typography) {
+    const QFont plain = typography.font(smallPoints, QFont::Medium);
+    column.newLine(plain);
+    if (row.name) {
+        column.piece(Role::name, qt::text(*row.name), typography.font(smallPoints, QFont::Bold));
+    }
+    column.piece(Role::mood, qt::text(row.moodLabel), typography.font(smallPoints, QFont::DemiBold));
+    setElapsed(column, elapsed, plain);
+}
+
+QColor runColor(Role role, const PetTheme& theme, const Color& state) {
+    switch (role) {
+    case Role::project:
+    case Role::mood:
+        return qt::color(state);
+    case Role::title:
+        return qt::color(theme.text);
+    case Role::name:
+        return qt::color(theme.text.faded(0.8));
+    case Role::separator:
+    case Role::elapsed:
+    case Role::activity:
+        break;
+    }
+    return qt::color(theme.subtext);
 }
 
 } // namespace
 
-CardText setCardText(const CardRow& row, const QString& elapsed, double width, const Typography& typography) {
+const CardText::PlacedChip* CardText::find(Badge badge) const {
+    const auto found = std::find_if(chips.begin(), chips.end(), [badge](const PlacedChip& placed) {
+        return placed.badge == badge;
+    });
+    return found != chips.end() ? &*found : nullptr;
+}
+
+CardText setCardText(const CardRow& row, const QString& elapsed, double width, const CardLook& look) {
+    const Typography& typography = look.typography;
     CardText text;
-    Setter setter(text, width);
-    setProject(setter, row, width, typography);
-    setTitle(setter, row, width, typography);
-    setState(setter, row, elapsed, typography);
-    if (row.activity && !row.activity->empty()) {
-        const QFont font = typography.font(smallPoints, QFont::Medium);
-        for (const auto& line : fittedLines(qt::text(*row.activity), font, width, 1)) {
-            setter.line(CardText::Role::activity, line, font);
+    TextColumn column(text, width);
+    setHeader(column, row, headerWidth(row, width, look), look);
+    column.lines(Role::title, qt::text(row.title), typography.font(titlePoints, QFont::DemiBold), titleLines);
+    setState(column, row, elapsed, typography);
+    if (row.model) {
+        column.badgeLine(Badge::model, modelChip(*row.model, look));
+    }
+    if (row.activity) {
+        column.lines(Role::activity, qt::text(*row.activity), typography.font(smallPoints, QFont::Medium), 1);
+    }
+    text.height = column.bottom();
+    return text;
+}
+
+CardText setSubtaskText(const SubtaskRow& row, const QString& elapsed, double width, const CardLook& look) {
+    constexpr double descriptionPoints = 12;
+    constexpr double detailPoints = 10;
+    const Typography& typography = look.typography;
+    const QFont plain = typography.font(detailPoints, QFont::Medium);
+    CardText text;
+    TextColumn column(text, width);
+    const QFont bold = typography.font(descriptionPoints, QFont::DemiBold);
+    column.lines(Role::title, qt::text(row.description), bold, titleLines);
+    column.newLine(plain);
+    column.piece(Role::mood, qt::text(row.stateWord), typography.font(detailPoints, QFont::DemiBold));
+    setElapsed(column, elapsed, plain);
+    if (row.badges.plain) {
+        column.badgePiece(Badge::model, modelChip(*row.badges.plain, look), plain);
+    }
+    if (row.badges.highlighted) {
+        column.badgeLine(Badge::model, modelChip(*row.badges.highlighted, look));
+    }
+    if (row.activity) {
+        column.lines(Role::activity, qt::text(*row.activity), plain, 1);
+    }
+    text.height = column.bottom();
+    return text;
+}
+
+void drawCardText(
+    QPainter& painter, const CardText& text, QPointF topLeft, const PetTheme& theme, const Color& state
+) {
+    for (const auto& run : text.runs) {
+        painter.setFont(run.font);
+        painter.setPen(runColor(run.role, theme, state));
+        painter.drawText(
+            run.rect.translated(topLeft),
+            Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine, run.text
+        );
+    }
+    for (const auto& placed : text.chips) {
+        if (placed.badge != CardText::Badge::pill) {
+            placed.chip.draw(painter, placed.rect.translated(topLeft));
         }
     }
-    text.height = setter.bottom();
-    return text;
 }
 
 } // namespace mimkins

@@ -1,18 +1,22 @@
 #pragma once
 
-#include "PanelView/Typography.h"
+#include "PanelView/CardLook.h"
+#include "PanelView/Chip.h"
 #include "Presentation/CardRow.h"
+#include "Presentation/SubtaskRows.h"
 
+#include <QPainter>
 #include <QRectF>
 
 #include <vector>
 
 namespace mimkins {
 
-/// The words of a card, each shortened to its place. No two places overlap, whatever the words and the size
-/// of the font.
+/// The words and badges of a card or a row, each shortened to its place. No two places overlap, whatever the
+/// words and the size of the font.
 struct CardText {
     enum class Role { project, title, name, separator, mood, elapsed, activity };
+    enum class Badge { agent, effort, pill, model };
 
     struct Run {
         Role role = Role::title;
@@ -21,11 +25,29 @@ struct CardText {
         QRectF rect; ///< from the text column's top left
     };
 
+    struct PlacedChip {
+        Badge badge = Badge::model;
+        Chip chip;
+        QRectF rect;
+    };
+
     std::vector<Run> runs;
+    std::vector<PlacedChip> chips;
     double height = 0;
+
+    /// Where a badge stands; nothing if the text has none of this kind.
+    const PlacedChip* find(Badge badge) const;
 };
 
 /// Sets the words of a card in a column of this width. `elapsed` is the time since the session's state began.
-CardText setCardText(const CardRow& row, const QString& elapsed, double width, const Typography& typography);
+CardText setCardText(const CardRow& row, const QString& elapsed, double width, const CardLook& look);
+
+/// Sets the words of a subtask's row.
+CardText setSubtaskText(const SubtaskRow& row, const QString& elapsed, double width, const CardLook& look);
+
+/// Draws all but the button of the subtasks. `state` is the colour of the word that says the state.
+void drawCardText(
+    QPainter& painter, const CardText& text, QPointF topLeft, const PetTheme& theme, const Color& state
+);
 
 } // namespace mimkins

@@ -1,18 +1,14 @@
 #include "PanelView/CardView.h"
 
 #include "Drawing/Qt/Conversions.h"
-#include "Drawing/Qt/QtGlyphOutlines.h"
-#include "Drawing/RasterCanvas.h"
-#include "Pet/PetPainter.h"
+#include "PanelView/CardGround.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/MoodTint.h"
 
-#include <QEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLinearGradient>
 #include <QPainter>
-#include <QPainterPath>
-#include <QRadialGradient>
+#include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
@@ -26,28 +22,32 @@ constexpr double padding = 10;
 constexpr double stripedPadding = 14;
 constexpr double columnGap = 10;
 constexpr double leastTextWidth = 40;
-constexpr double hoverLift = 0.04;
-constexpr double hoverTint = 0.08;
-constexpr double pressedScale = 0.97;
-constexpr int shadowSteps = 4;
+constexpr double presenceGrain = 0.01;
+constexpr double leastPillScale = 0.6;
+/// How far the heads of the crew reach below the pet's square.
+constexpr double crewDrop = 6;
 
 QString elapsedText(Date since, Date now) {
     return qt::text(elapsed(now - since));
 }
 
-QPainterPath rounded(const QRectF& rect, double radius) {
-    QPainterPath path;
-    path.addRoundedRect(rect, radius, radius);
-    return path;
-}
-
 } // namespace
 
 CardView::CardView(CardRow row, CardLook look, Date now)
-    : row_(std::move(row)), look_(std::move(look)), elapsed_(elapsedText(row_.since, now)), moment_(now) {
+    : row_(std::move(row)), look_(std::move(look)), elapsed_(elapsedText(row_.since, now)), moment_(now),
+      glowMoment_(now), pill_(new CardPill(this)) {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    pillPresence_.setGrain(presenceGrain);
+    connect(pill_, &QAbstractButton::clicked, this, [this] {
+        if (onToggleSubtasks) {
+            onToggleSubtasks();
+        }
+    });
+    connect(this, &QAbstractButton::clicked, this, [this] { press(); });
     describe();
+    finish();
 }
 
 void CardView::setRow(const CardRow& row, Date now) {
@@ -55,6 +55,7 @@ void CardView::setRow(const CardRow& row, Date now) {
         row_ = row;
         describe();
         refresh();
+        startMoving();
     }
     setNow(now);
 }
@@ -62,12 +63,34 @@ void CardView::setRow(const CardRow& row, Date now) {
 void CardView::describe() {
     setAccessibleName(qt::text(row_.accessibleName));
     setAccessibleDescription(qt::text(row_.accessibleDescription));
-    setToolTip(qt::text(row_.toolTip));
     setCursor(row_.canOpen ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    scale_.setHighlighted(row_.highlighted);
+    pillPresence_.setTarget(row_.pill ? 1 : 0);
+    if (row_.pill) {
+        pill_->setToolTip(qt::text(row_.pill->toolTip));
+        pill_->setAccessibleName(qt::text(row_.pill->toolTip));
+        pill_->setAccessibleDescription(qt::text(row_.pill->count.value_or("0") + " running"));
+    }
+    if (row_.crew) {
+        crew_.setCrew(*row_.crew, look_);
+    }
+    placePill();
+}
+
+void CardView::press() {
+    scale_.press();
+    startMoving();
+}
+
+void CardView::startMoving() {
+    if ((scale_.isMoving() || !pillPresence_.atRest()) && onMoves) {
+        onMoves();
+    }
 }
 
 void CardView::setLook(const CardLook& look) {
     look_ = look;
+    describe();
     refresh();
 }
 
@@ -87,14 +110,51 @@ void CardView::setOpacity(double opacity) {
 }
 
 void CardView::animate(Date now) {
-    if (moment_ != now) {
-        moment_ = now;
-        update(petSquare().toAlignedRect());
+    if (moment_ == now) {
+        return;
     }
+    moment_ = now;
+    QRegion changed(onScreen(petSquare()).toAlignedRect());
+    if (row_.waiting || row_.crew) {
+        const auto beat = [](Date date) { return std::floor(date.secondsSince1970 / GlowRing::interval); };
+        if (beat(now) != beat(glowMoment_)) {
+            glowMoment_ = now;
+            if (row_.waiting) {
+                changed += zoom(scale()).map(GlowRing::region(glowShape()));
+            }
+            if (row_.crew) {
+                changed += onScreen(crewRect()).toAlignedRect();
+            }
+        }
+    }
+    update(changed);
 }
 
 bool CardView::isCalm() const {
-    return !look_.pets.party && mimkins::isCalm(row_.pet.action);
+    return mimkins::isCalm(row_.pet, look_);
+}
+
+bool CardView::step(double seconds) {
+    const double before = scale();
+    const bool scaling = scale_.step(seconds);
+    const bool fading = pillPresence_.step(seconds);
+    if (scale() != before) {
+        placePill();
+        update();
+    } else if (fading) {
+        update(onScreen(pillRect_).toAlignedRect());
+    }
+    if (!scaling && scale() != groundScale_) {
+        refresh(); // so that words are sharp at rest
+    }
+    return scaling || fading;
+}
+
+void CardView::finish() {
+    scale_.finish();
+    pillPresence_.jump(pillPresence_.target());
+    placePill();
+    refresh();
 }
 
 void CardView::refresh() {
@@ -111,7 +171,7 @@ double CardView::textWidth(double cardWidth) const {
 }
 
 double CardView::heightFor(double width) const {
-    const auto set = setCardText(row_, elapsed_, textWidth(width), look_.typography);
+    const auto set = setCardText(row_, elapsed_, textWidth(width), look_);
     return std::ceil(std::max(set.height, look_.petPoints) + 2 * padding);
 }
 
@@ -119,188 +179,199 @@ QRectF CardView::cardRect() const {
     return QRectF(rect()).adjusted(shadowRoom, shadowRoom, -shadowRoom, -shadowRoom);
 }
 
-CardText CardView::text() const {
-    return setCardText(row_, elapsed_, textWidth(cardRect().width()), look_.typography);
-}
-
-bool CardView::event(QEvent* event) {
-    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave ||
-        event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
-        refresh();
-    }
-    return QAbstractButton::event(event);
-}
-
-void CardView::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        click();
-        break;
-    case Qt::Key_Space:
-        QAbstractButton::keyPressEvent(event);
-        break;
-    default:
-        event->ignore(); // the list moves the focus
-    }
-}
-
-void CardView::paintEvent(QPaintEvent*) {
-    const QSize pixels = size() * devicePixelRatioF();
-    if (groundIsOld_ || ground_.size() != pixels) {
-        drawGround();
-    }
-    QPainter painter(this);
-    painter.setOpacity(opacity_);
-    if (isDown()) {
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        const QPointF middle = cardRect().center();
-        painter.translate(middle);
-        painter.scale(pressedScale, pressedScale);
-        painter.translate(-middle);
-    }
-    painter.drawPixmap(0, 0, ground_);
-    drawPet(painter);
-}
-
-void CardView::drawGround() {
-    ground_ = QPixmap(size() * devicePixelRatioF());
-    ground_.setDevicePixelRatio(devicePixelRatioF());
-    ground_.fill(Qt::transparent);
-    QPainter painter(&ground_);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF card = cardRect();
-    drawBackground(painter, card);
-    drawEdge(painter, card);
-    painter.setClipPath(rounded(card, look_.theme->radius));
-    if (look_.theme->pad) {
-        drawPad(painter, petSquare());
-    }
-    drawText(painter, card);
-    groundIsOld_ = false;
-}
-
 QRectF CardView::petSquare() const {
     const QRectF card = cardRect();
     return {card.left() + leadingPadding(), card.top() + padding, look_.petPoints, look_.petPoints};
 }
 
-void CardView::drawBackground(QPainter& painter, const QRectF& card) const {
-    const PetTheme& theme = *look_.theme;
-    const QPainterPath shape = rounded(card, theme.radius);
-    painter.setPen(Qt::NoPen);
-    if (!row_.waiting && theme.cardShadow.opacity > 0) {
-        QPainterPath outside;
-        outside.addRect(QRectF(rect()));
-        painter.save();
-        painter.setClipPath(outside.subtracted(shape));
-        painter.setBrush(qt::color(theme.cardShadow.faded(1.0 / shadowSteps)));
-        for (int step = 1; step <= shadowSteps; ++step) {
-            const QRectF halo = card.adjusted(-step, -step, step, step).translated(0, 2);
-            painter.drawRoundedRect(halo, theme.radius + step, theme.radius + step);
+QRectF CardView::crewRect() const {
+    const QSizeF size = crew_.size();
+    const QRectF pet = petSquare();
+    return {{pet.center().x() - size.width() / 2, pet.bottom() + crewDrop - size.height()}, size};
+}
+
+CardText CardView::text() const {
+    return setCardText(row_, elapsed_, textWidth(cardRect().width()), look_);
+}
+
+QPointF CardView::textCorner(const CardText& text) const {
+    const QRectF card = cardRect();
+    // Few words stand beside the pet's middle, many begin at the top.
+    const double spare = std::max((card.height() - 2 * padding - text.height) / 2, 0.0);
+    return {card.left() + leadingPadding() + look_.petPoints + columnGap, card.top() + padding + spare};
+}
+
+QTransform CardView::zoom(double scale) const {
+    const QPointF middle = cardRect().center();
+    QTransform transform;
+    transform.translate(middle.x(), middle.y());
+    transform.scale(scale, scale);
+    transform.translate(-middle.x(), -middle.y());
+    return transform;
+}
+
+QRectF CardView::onScreen(const QRectF& rect) const {
+    return zoom(scale()).mapRect(rect);
+}
+
+GlowRing::Shape CardView::glowShape() const {
+    return {size(), cardRect(), look_.theme->radius, tint(*look_.theme, row_.mood)};
+}
+
+void CardView::placePill() {
+    const CardText set = text();
+    if (const auto* placed = set.find(CardText::Badge::pill)) {
+        pillChip_ = placed->chip;
+        const QRectF line = placed->rect.translated(textCorner(set));
+        const double height = std::min(pillChip_.size().height(), line.height());
+        pillRect_ = {line.left(), line.center().y() - height / 2, line.width(), height};
+        pill_->setGeometry(onScreen(pillRect_).toAlignedRect());
+    }
+    pill_->setVisible(row_.pill.has_value());
+}
+
+void CardView::resizeEvent(QResizeEvent*) {
+    groundIsOld_ = true;
+    placePill();
+}
+
+QString CardView::toolTipAt(QPointF place) const {
+    const QPointF at = zoom(scale()).inverted().map(place);
+    const CardText set = text();
+    const QPointF inText = at - textCorner(set);
+    for (const auto& placed : set.chips) {
+        if (!placed.rect.contains(inText)) {
+            continue;
         }
-        painter.restore();
+        if (placed.badge == CardText::Badge::agent) {
+            return agentToolTip;
+        }
+        if (placed.badge == CardText::Badge::effort) {
+            return qt::text(row_.effort->toolTip);
+        }
+        if (placed.badge == CardText::Badge::model) {
+            return qt::text(row_.model->toolTip);
+        }
     }
-    painter.fillPath(shape, qt::color(theme.cardBase));
-    const bool hovering = underMouse();
-    if (hovering) {
-        painter.fillPath(shape, qt::color(theme.text.faded(hoverLift)));
+    for (const auto& run : set.runs) {
+        if (run.role == CardText::Role::project && run.rect.contains(inText)) {
+            return qt::text(row_.projectToolTip);
+        }
     }
-    const Color& mood = tint(theme, row_.mood);
-    QLinearGradient wash(card.topLeft(), card.topRight());
-    wash.setColorAt(0, qt::color(mood.faded(theme.cardTint + (hovering ? hoverTint : 0))));
-    wash.setColorAt(1, qt::color(mood.faded(theme.cardTint * 0.2)));
-    painter.fillPath(shape, wash);
-    if (theme.stripe) {
-        painter.setBrush(qt::color(mood));
-        painter.drawRoundedRect(QRectF(card.left() + 5, card.top() + 12, 3, card.height() - 24), 1.5, 1.5);
+    if (row_.crew && crewRect().contains(at)) {
+        return qt::text(row_.crew->toolTip);
     }
+    return cardRect().contains(at) ? qt::text(row_.toolTip) : QString();
 }
 
-void CardView::drawEdge(QPainter& painter, const QRectF& card) const {
-    const PetTheme& theme = *look_.theme;
-    const Color& mood = tint(theme, row_.mood);
-    const double width = row_.waiting ? 2 : 1;
-    const double strength = row_.waiting ? 0.8 : theme.cardStroke;
-    const double half = width / 2;
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(qt::color(mood.faded(strength)), width));
-    painter.drawRoundedRect(
-        card.adjusted(half, half, -half, -half), theme.radius - half, theme.radius - half
-    );
-    if (hasFocus()) {
-        painter.setPen(QPen(qt::color(theme.text.faded(0.85)), 2));
-        painter.drawRoundedRect(card.adjusted(-2, -2, 2, 2), theme.radius + 2, theme.radius + 2);
+bool CardView::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::HoverEnter:
+    case QEvent::HoverLeave:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        refresh();
+        break;
+    case QEvent::ToolTip: {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        QToolTip::showText(help->globalPos(), toolTipAt(help->pos()), this);
+        return true;
     }
-}
-
-void CardView::drawPad(QPainter& painter, const QRectF& square) const {
-    const Color& mood = tint(*look_.theme, row_.mood);
-    const double side = square.width();
-    painter.save();
-    painter.translate(square.center().x(), square.bottom() - side * 0.11 + 4);
-    painter.scale(0.94, 0.22);
-    QRadialGradient light(QPointF(0, 0), side * 0.5);
-    light.setColorAt(0, qt::color(mood.faded(0.45)));
-    light.setColorAt(1, qt::color(mood.faded(0)));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(light);
-    painter.drawEllipse(QPointF(0, 0), side * 0.5, side * 0.5);
-    painter.restore();
-}
-
-void CardView::drawPet(QPainter& painter) {
-    const double ratio = devicePixelRatioF();
-    const int pixels = static_cast<int>(std::lround(look_.petPoints * ratio));
-    if (petImage_.width() != pixels) {
-        petImage_ = QImage(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
-    }
-    petImage_.setDevicePixelRatio(ratio);
-    petImage_.fill(Qt::transparent);
-    const Bitmap bitmap{
-        reinterpret_cast<std::uint32_t*>(petImage_.bits()), pixels, pixels,
-        static_cast<int>(petImage_.bytesPerLine() / 4)};
-    RasterCanvas canvas(
-        bitmap, ratio, look_.theme->scheme.value_or(ColorScheme::dark), &QtGlyphOutlines::shared()
-    );
-    const PetFrame frame = petFrame(row_.pet, look_.pets, moment_);
-    PetPainter pet(GraphicsContext(canvas), look_.petPoints, look_.petPoints, frame);
-    pet.draw(actionOnStage(row_.pet, look_.pets));
-    painter.drawImage(petSquare().topLeft(), petImage_);
-}
-
-QColor CardView::runColor(CardText::Role role) const {
-    const PetTheme& theme = *look_.theme;
-    switch (role) {
-    case CardText::Role::project:
-    case CardText::Role::mood:
-        return qt::color(tint(theme, row_.mood));
-    case CardText::Role::title:
-        return qt::color(theme.text);
-    case CardText::Role::name:
-        return qt::color(theme.text.faded(0.8));
-    case CardText::Role::separator:
-    case CardText::Role::elapsed:
-    case CardText::Role::activity:
+    default:
         break;
     }
-    return qt::color(theme.subtext);
+    return QAbstractButton::event(event);
 }
 
-void CardView::drawText(QPainter& painter, const QRectF& card) const {
-    const CardText set = text();
-    const double left = card.left() + leadingPadding() + look_.petPoints + columnGap;
-    // Few words stand beside the pet's middle, many begin at the top.
-    const double room = card.height() - 2 * padding;
-    const double top = card.top() + padding + std::max((room - set.height) / 2, 0.0);
-    for (const auto& run : set.runs) {
-        painter.setFont(run.font);
-        painter.setPen(runColor(run.role));
-        painter.drawText(
-            run.rect.translated(left, top),
-            Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine, run.text
-        );
+bool CardView::hitButton(const QPoint& place) const {
+    return onScreen(cardRect()).contains(place);
+}
+
+void CardView::keyPressEvent(QKeyEvent* event) {
+    const bool menuKey = event->key() == Qt::Key_Menu ||
+                         (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+    if (menuKey) {
+        customContextMenuRequested(rect().center());
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else if (event->key() == Qt::Key_Space) {
+        QAbstractButton::keyPressEvent(event);
+    } else {
+        event->ignore(); // the list moves the focus
     }
+}
+
+void CardView::paintEvent(QPaintEvent* event) {
+    const bool atRest = !scale_.isMoving();
+    if (groundIsOld_ || ground_.size() != size() * devicePixelRatioF() ||
+        (atRest && groundScale_ != scale())) {
+        drawGround();
+    }
+    QPainter painter(this);
+    painter.setOpacity(opacity_);
+    const QTransform moved = zoom(scale() / groundScale_);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != groundScale_);
+    painter.setTransform(moved, true);
+    painter.drawPixmap(0, 0, ground_);
+    painter.setTransform(zoom(scale() / 1.0));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != 1);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (row_.waiting) {
+        glow_.draw(painter, glowShape(), glowMoment_);
+    }
+    drawPill(painter);
+    const bool petSeen = event->region().intersects(onScreen(petSquare()).toAlignedRect());
+    if (petSeen) {
+        pet_.draw(painter, petSquare().topLeft(), look_.petPoints, row_.pet, look_, moment_);
+    }
+    if (row_.crew && event->region().intersects(onScreen(crewRect()).toAlignedRect())) {
+        crew_.draw(painter, crewRect().topLeft(), glowMoment_);
+    }
+}
+
+void CardView::drawGround() {
+    groundScale_ = scale();
+    ground_ = QPixmap(size() * devicePixelRatioF());
+    ground_.setDevicePixelRatio(devicePixelRatioF());
+    ground_.fill(Qt::transparent);
+    QPainter painter(&ground_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setTransform(zoom(groundScale_));
+    const QRectF card = cardRect();
+    drawCardGround(painter, card, row_, look_, {underMouse(), hasFocus()});
+    if (row_.highlighted) {
+        drawHighlight(painter, card, look_);
+    }
+    painter.setClipPath(cardShape(card, look_.theme->radius));
+    const Color& mood = tint(*look_.theme, row_.mood);
+    if (look_.theme->pad) {
+        drawPetPad(painter, petSquare(), mood);
+    }
+    const CardText set = text();
+    drawCardText(painter, set, textCorner(set), *look_.theme, mood);
+    groundIsOld_ = false;
+}
+
+void CardView::drawPill(QPainter& painter) const {
+    const double presence = std::clamp(pillPresence_.value(), 0.0, 1.0);
+    if (presence <= 0) {
+        return;
+    }
+    painter.save();
+    painter.setOpacity(opacity_ * presence);
+    const double scale = leastPillScale + (1 - leastPillScale) * presence;
+    const QPointF middle = pillRect_.center();
+    painter.translate(middle);
+    painter.scale(scale, scale);
+    painter.translate(-middle);
+    pillChip_.draw(painter, pillRect_);
+    if (pill_->hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(qt::color(look_.theme->text.faded(0.85)), 1.5));
+        const QRectF ring = pillRect_.adjusted(-1.5, -1.5, 1.5, 1.5);
+        painter.drawRoundedRect(ring, ring.height() / 2, ring.height() / 2);
+    }
+    painter.restore();
 }
 
 } // namespace mimkins

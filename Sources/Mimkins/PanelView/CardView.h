@@ -2,23 +2,36 @@
 
 #include "Base/Date.h"
 #include "PanelView/CardLook.h"
+#include "PanelView/CardPill.h"
 #include "PanelView/CardText.h"
+#include "PanelView/CrewHeads.h"
+#include "PanelView/GlowRing.h"
+#include "PanelView/PetPicture.h"
 #include "Presentation/CardRow.h"
+#include "Presentation/CardScale.h"
+#include "Presentation/Spring.h"
 
 #include <QAbstractButton>
-#include <QImage>
 #include <QPixmap>
+
+#include <functional>
+#include <optional>
 
 namespace mimkins {
 
 /// One session in the drawer's list: the pet, and beside it project, title, state and activity. A click means
-/// to open the session.
+/// to open the session, and a request for its menu is passed on.
 class CardView final : public QAbstractButton {
 public:
-    /// Room around the card, inside the widget, for its shadow.
-    static constexpr int shadowRoom = 6;
+    /// Room around the card, inside the widget, for its shadow and its glow, and to grow.
+    static constexpr int shadowRoom = 10;
 
     CardView(CardRow row, CardLook look, Date now);
+
+    /// The button of the subtasks was pressed.
+    std::function<void()> onToggleSubtasks;
+    /// The card wants to be moved on by `step` until it comes to rest.
+    std::function<void()> onMoves;
 
     const CardRow& row() const { return row_; }
 
@@ -27,48 +40,76 @@ public:
     /// Brings the elapsed time up to date; draws only if its text has changed.
     void setNow(Date now);
     void setOpacity(double opacity);
-    /// Draws the pet as it is at a moment.
+    /// Draws the pet, and what else moves, as it is at a moment.
     void animate(Date now);
 
     Date moment() const { return moment_; }
 
+    /// Shows that the card was pressed.
+    void press();
+
     /// True if half the frames will do for what the pet is doing.
     bool isCalm() const;
+
+    /// Moves on by so many seconds what grows, shrinks and fades. True if it hasn't come to rest.
+    bool step(double seconds);
+    /// Comes to rest at once.
+    void finish();
+
+    double scale() const { return scale_.value(); }
 
     /// The height of the card, without the room for its shadow, when it is so wide.
     double heightFor(double width) const;
 
-    /// The words as they are set for the present size.
+    /// The words and badges as they are set for the present size.
     CardText text() const;
+
+    /// What the tool tip says at a place.
+    QString toolTipAt(QPointF place) const;
+
+    CardPill& pill() const { return *pill_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool hitButton(const QPoint& place) const override;
     bool event(QEvent* event) override;
 
 private:
     QRectF cardRect() const;
     double leadingPadding() const;
     double textWidth(double cardWidth) const;
-    void refresh();
+    QPointF textCorner(const CardText& text) const;
     QRectF petSquare() const;
-    void drawGround();
-    void drawPad(QPainter& painter, const QRectF& square) const;
-    void drawBackground(QPainter& painter, const QRectF& card) const;
-    void drawEdge(QPainter& painter, const QRectF& card) const;
-    void drawPet(QPainter& painter);
-    void drawText(QPainter& painter, const QRectF& card) const;
-    QColor runColor(CardText::Role role) const;
+    QRectF crewRect() const;
+    QRectF onScreen(const QRectF& rect) const;
+    QTransform zoom(double scale) const;
+    GlowRing::Shape glowShape() const;
+    void refresh();
     void describe();
+    void startMoving();
+    void placePill();
+    void drawGround();
+    void drawPill(QPainter& painter) const;
 
     CardRow row_;
     CardLook look_;
     QString elapsed_;
     double opacity_ = 1;
-    Date moment_;    ///< that the pet shows
-    QPixmap ground_; ///< all but the pet, kept from one of its frames to the next
+    CardScale scale_;
+    Date moment_;     ///< that the pet shows
+    Date glowMoment_; ///< that glow and crew show
+    CardPill* pill_;
+    Chip pillChip_;   ///< as it was last shown
+    QRectF pillRect_; ///< on the card at its ordinary size
+    Spring pillPresence_;
+    QPixmap ground_; ///< all that stands still
+    double groundScale_ = 1;
     bool groundIsOld_ = true;
-    QImage petImage_;
+    PetPicture pet_;
+    GlowRing glow_;
+    CrewHeads crew_;
 };
 
 } // namespace mimkins

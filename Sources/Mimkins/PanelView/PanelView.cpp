@@ -46,8 +46,12 @@ PanelView::PanelView(Parts parts, PanelSettings settings)
     sweep_->onCheck = [this] { parts_.store.runSweep(); };
     sweep_->onOpen = [this](const std::string& link) { openLink(link, parts_.links); };
     list_->onOpen = [this](const std::string& id) { open(id); };
+    list_->onToggleSubtasks = [this](const std::string& id) { parts_.store.toggleSubtasks(id); };
+    list_->onChoose = [this](const std::string& id, const CardChoice& choice) { choose(id, choice); };
+    list_->setQuickPrompts(settings_.quickPrompts);
     sessionsConnection_ = parts_.store.sessionsChanged().connect([this] { showSessions(); });
     sweepConnection_ = parts_.store.sweepChanged().connect([this] { showSweep(); });
+    subtasksConnection_ = parts_.store.subtasksChanged().connect([this] { showSessions(); });
     drawerConnection_ = parts_.drawer.changed().connect([this] { followDrawer(); });
     setAccessibleName("Mimkins");
     confetti_->setParty(settings_.motion.party);
@@ -59,6 +63,7 @@ PanelView::PanelView(Parts parts, PanelSettings settings)
 PanelView::~PanelView() {
     sessionsConnection_.disconnect();
     sweepConnection_.disconnect();
+    subtasksConnection_.disconnect();
     drawerConnection_.disconnect();
 }
 
@@ -78,8 +83,20 @@ void PanelView::setSettings(const PanelSettings& settings) {
     list_->setLook(look());
     ground_.themeChanged();
     confetti_->setParty(settings_.motion.party);
+    list_->setQuickPrompts(settings_.quickPrompts);
     showSessions();
     update();
+}
+
+CardContext PanelView::cardContext(const std::string& id) const {
+    CardContext context;
+    const auto subtasks = parts_.store.subtasks().find(id);
+    if (subtasks != parts_.store.subtasks().end()) {
+        context.subtasks = subtasks->second;
+    }
+    context.expanded = parts_.store.expandedId() == id;
+    context.highlighted = parts_.drawer.highlightedId() == id;
+    return context;
 }
 
 void PanelView::showSessions() {
@@ -87,7 +104,7 @@ void PanelView::showSessions() {
     std::vector<CardRow> rows;
     rows.reserve(sessions.size());
     for (const auto& session : sessions) {
-        rows.push_back(cardRow(session, settings_.cards));
+        rows.push_back(cardRow(session, settings_.cards, cardContext(session.id)));
     }
     header_->present(parts_.drawer.mode(), summary(sessions));
     list_->setRows(rows, parts_.loop.now());
@@ -139,8 +156,9 @@ void PanelView::followDrawer() {
     changeScreen();
     if (highlighted_ != parts_.drawer.highlightedId()) {
         highlighted_ = parts_.drawer.highlightedId();
+        showSessions();
         if (highlighted_) {
-            list_->reveal(*highlighted_);
+            list_->glideTo(*highlighted_);
         }
     }
     keepTime();
@@ -176,13 +194,33 @@ void PanelView::animate() {
     }
 }
 
-void PanelView::open(const std::string& id) {
+const Session* PanelView::find(const std::string& id) const {
     const auto& sessions = parts_.store.sessions();
     const auto session = std::find_if(sessions.begin(), sessions.end(), [&id](const Session& candidate) {
         return candidate.id == id;
     });
-    if (session != sessions.end()) {
+    return session != sessions.end() ? &*session : nullptr;
+}
+
+void PanelView::open(const std::string& id) {
+    choose(id, {CardChoice::Action::open, std::nullopt});
+}
+
+void PanelView::choose(const std::string& id, const CardChoice& choice) {
+    const Session* session = find(id);
+    if (session == nullptr) {
+        return;
+    }
+    switch (choice.action) {
+    case CardChoice::Action::open:
         jump(*session, parts_.links);
+        break;
+    case CardChoice::Action::newSession:
+        newSession(*session, choice.prompt, parts_.links);
+        break;
+    case CardChoice::Action::showFolder:
+        showFolder(*session, parts_.links);
+        break;
     }
 }
 

@@ -71,7 +71,10 @@ private:
     void beat();
     void animate();
     void keepTime();
+    CardContext cardContext(const std::string& id) const;
+    const Session* find(const std::string& id) const;
     void open(const std::string& id);
+    void choose(const std::string& id, const CardChoice& choice);
 
     Parts parts_;
     PanelSettings settings_;
@@ -87,6 +90,7 @@ private:
     std::optional<std::string> highlighted_;
     sigc::connection sessionsConnection_;
     sigc::connection sweepConnection_;
+    sigc::connection subtasksConnection_;
     sigc::connection drawerConnection_;
     Handle beat_;
     Handle frames_;

@@ -3,13 +3,19 @@
 #include "PanelView/CardLook.h"
 #include "PanelView/CardView.h"
 #include "PanelView/FrameClock.h"
+#include "PanelView/SubtaskListView.h"
 #include "Presentation/CardFlow.h"
+#include "Presentation/CardMenu.h"
 
+#include <QMenu>
+#include <QPointer>
 #include <QScrollArea>
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace mimkins {
@@ -22,11 +28,18 @@ public:
 
     /// Called with a session's id when its card is activated.
     std::function<void(const std::string&)> onOpen;
+    /// Called with a session's id when its list of subtasks is to open or shut.
+    std::function<void(const std::string&)> onToggleSubtasks;
+    /// Called with a session's id and what was chosen in its card's menu.
+    std::function<void(const std::string&, const CardChoice&)> onChoose;
 
     /// Shows these cards in this order.
     void setRows(const std::vector<CardRow>& rows, Date now);
     void setLook(const CardLook& look);
     void setNow(Date now);
+
+    void setQuickPrompts(std::vector<QuickPrompt> prompts) { quickPrompts_ = std::move(prompts); }
+
     /// While paused nothing moves: changes show at once.
     void setPaused(bool paused);
     /// Shows the pets that can be seen as they are at a moment. Frames are counted: calm pets follow every
@@ -34,6 +47,14 @@ public:
     void animate(Date now, unsigned frame);
     /// Scrolls until the card is seen.
     void reveal(const std::string& id);
+    /// Scrolls there gently, unless paused.
+    void glideTo(const std::string& id);
+
+    /// The list of subtasks under a card; nothing if there is none.
+    SubtaskListView* subtasks(const std::string& id) const;
+
+    /// The menu of a card while it is open.
+    QMenu* menu() const { return menu_; }
 
     /// The cards in display order, those that leave left out.
     std::vector<CardView*> cards() const;
@@ -51,18 +72,46 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    CardView* card(const CardRow& row, Date now);
+    /// The views of one session.
+    struct Entry {
+        CardView* card = nullptr;
+        SubtaskListView* subtasks = nullptr; ///< while the list is open, and until it has shut
+        double cardHeight = 0;               ///< when at rest
+    };
+
+    Entry& entry(const CardRow& row, Date now);
+    CardView* makeCard(const CardRow& row, Date now);
+    void showSubtasks(Entry& entry, Date now);
+    double slotHeight(Entry& entry) const;
     void arrange(CardFlow::Manner manner);
+    CardFlow::Manner manner() const;
     void showPlaces();
+    void showPlace(const CardFlow::Place& place);
     void dropGone();
+    void drop(Entry& entry);
     void moveFocus(int by);
+    void keepTabOrder();
     double cardWidth() const;
+    std::optional<double> scrollFor(const std::string& id) const;
+    bool stepScroll(double seconds);
+    void startMoving();
+    void openMenu(const CardView& card, QPoint place);
+
+    /// A gentle way of the scroll bar.
+    struct Scroll {
+        double from = 0;
+        double to = 0;
+        double time = 0;
+    };
 
     CardLook look_;
     CardFlow flow_;
     QWidget* canvas_;
-    std::map<std::string, CardView*> cards_;
+    std::map<std::string, Entry> entries_;
     std::vector<std::string> order_;
+    std::vector<QuickPrompt> quickPrompts_;
+    QPointer<QMenu> menu_;
+    std::optional<Scroll> scroll_;
     bool paused_ = false;
     FrameClock clock_;
 };

@@ -20,6 +20,8 @@ struct MiniHead {
 
     /// Draws it with its top left corner at the origin.
     void draw(GraphicsContext& context, const PetLook& look) const;
+
+    friend bool operator==(const MiniHead&, const MiniHead&) = default;
 };
 
 } // namespace mimkins

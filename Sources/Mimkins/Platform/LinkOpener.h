@@ -14,6 +14,9 @@ public:
 
     /// Shows a file in its folder without opening it. `link` is a file link.
     virtual void showFile(const std::string& link) = 0;
+
+    /// Shows what is in a folder, by its path. Anything but a folder is left alone.
+    virtual void showFolder(const std::string& folder) = 0;
 };
 
 } // namespace mimkins

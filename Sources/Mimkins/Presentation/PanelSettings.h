@@ -4,6 +4,7 @@
 #include "Settings/AppSettings.h"
 
 #include <string>
+#include <vector>
 
 namespace mimkins {
 
@@ -16,6 +17,7 @@ struct PanelSettings {
     bool menuBarCount = true;
     PetMotion motion; ///< of the pets
     CardOptions cards;
+    std::vector<QuickPrompt> quickPrompts; ///< that a card's menu offers
 
     friend bool operator==(const PanelSettings&, const PanelSettings&) = default;
 };

@@ -5,7 +5,7 @@ namespace mimkins {
 /// How a spring moves.
 struct SpringFeel {
     double response = 0.5; ///< seconds of one swing without damping
-    double damping = 0.8;  ///< fraction of what stops all swinging; above 0 and below 1
+    double damping = 0.8;  ///< fraction of what stops all swinging; above 0, at most 1
 };
 
 /// A value on a damped spring. It moves only when stepped, by the exact solution, so that steps of any length

@@ -10,6 +10,8 @@
 #include <QStringList>
 #include <QUrl>
 
+#include <functional>
+
 namespace mimkins {
 
 namespace {
@@ -26,13 +28,29 @@ void openFolderOf(const QUrl& file) {
     openWithHandler(QUrl::fromLocalFile(QFileInfo(file.toLocalFile()).absolutePath()));
 }
 
-QDBusMessage showItemsCall(const QUrl& file) {
+QDBusMessage fileManagerCall(const QString& method, const QUrl& item) {
     auto call = QDBusMessage::createMethodCall(
         "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1", "org.freedesktop.FileManager1",
-        "ShowItems"
+        method
     );
-    call << QStringList{file.toString(QUrl::FullyEncoded)} << QString();
+    call << QStringList{item.toString(QUrl::FullyEncoded)} << QString();
     return call;
+}
+
+/// Calls the file manager, or does something else where there is none.
+void askFileManager(const QString& method, const QUrl& item, const std::function<void()>& otherwise) {
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        otherwise();
+        return;
+    }
+    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(fileManagerCall(method, item)));
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, otherwise] {
+        if (answer->isError()) {
+            otherwise();
+        }
+        answer->deleteLater();
+    });
 }
 
 } // namespace
@@ -43,18 +61,17 @@ void QtLinkOpener::openLink(const std::string& link) {
 
 void QtLinkOpener::showFile(const std::string& link) {
     const QUrl file(QString::fromStdString(link));
-    auto bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        openFolderOf(file);
+    askFileManager("ShowItems", file, [file] { openFolderOf(file); });
+}
+
+void QtLinkOpener::showFolder(const std::string& folder) {
+    const QString path = QString::fromStdString(folder);
+    if (!QFileInfo(path).isDir()) {
+        log::write(log::Level::error, "panel", "open failed: no folder at " + folder);
         return;
     }
-    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(showItemsCall(file)));
-    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, file] {
-        if (answer->isError()) {
-            openFolderOf(file);
-        }
-        answer->deleteLater();
-    });
+    const QUrl url = QUrl::fromLocalFile(path);
+    askFileManager("ShowFolders", url, [url] { openWithHandler(url); });
 }
 
 } // namespace mimkins

@@ -10,6 +10,8 @@ public:
     void openLink(const std::string& link) override;
     /// Asks the file manager to select the file; without one on the session bus, opens the file's folder.
     void showFile(const std::string& link) override;
+    /// Asks the file manager, or without one the folders' default handler.
+    void showFolder(const std::string& folder) override;
 };
 
 } // namespace mimkins

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Base/Date.h"
+#include "PanelView/CardLook.h"
+#include "Pet/PetFrame.h"
+
+#include <QImage>
+#include <QPainter>
+
+namespace mimkins {
+
+/// Draws a pet, frame after frame, with memory that is taken once.
+class PetPicture {
+public:
+    /// Draws the pet as it is at a moment in a square with this corner.
+    void draw(QPainter& painter, QPointF topLeft, double side, const Pet& pet, const CardLook& look, Date at);
+
+private:
+    QImage image_;
+};
+
+/// True if half the frames will do for what the pet is doing.
+bool isCalm(const Pet& pet, const CardLook& look);
+
+} // namespace mimkins
