@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
+#include "PanelView/SweepDrawing.h"
 #include "PanelView/Symbols.h"
 #include "Pet/MiniHead.h"
 #include "Presentation/MoodTint.h"
@@ -28,22 +29,8 @@ constexpr double rowTitlePoints = 12;
 constexpr double rowDetailPoints = 10;
 constexpr double arrowSide = 11;
 constexpr int mostLines = 2;
-constexpr double allClearSpacing = 6;
-constexpr double allClearPadding = 10;
-constexpr int allClearLines = 3;
-constexpr double buttonPoints = 11;
-constexpr double buttonPaddingX = 8;
-constexpr double buttonPaddingY = 4;
 constexpr double hoverTint = 0.06;
 constexpr auto oneLine = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
-
-QFont systemFont(const CardLook& look, double points, QFont::Weight weight = QFont::Normal) {
-    return Typography(FontDesign::standard, look.typography.scale()).font(points, weight);
-}
-
-ColorScheme schemeOf(const CardLook& look) {
-    return look.theme->scheme.value_or(ColorScheme::dark);
-}
 
 Symbol symbolOf(SweepWords::Kind kind) {
     switch (kind) {
@@ -60,39 +47,9 @@ Symbol symbolOf(SweepWords::Kind kind) {
 }
 
 QFont headFont(const CardLook& look) {
-    QFont font = systemFont(look, headPoints, QFont::ExtraBold);
+    QFont font = sweep::systemFont(look, headPoints, QFont::ExtraBold);
     font.setLetterSpacing(QFont::AbsoluteSpacing, headKerning);
     return font;
-}
-
-QStringList lines(const std::string& words, const QFont& font, double width, int most = mostLines) {
-    return fittedLines(qt::text(words), font, width, most);
-}
-
-double heightOf(const QStringList& lines, const QFont& font) {
-    return static_cast<double>(lines.size()) * QFontMetricsF(font).height();
-}
-
-/// Draws lines one below the other, and gives where the next would stand.
-double drawLines(QPainter& painter, const QStringList& lines, const QRectF& area, Qt::Alignment alignment) {
-    const double height = QFontMetricsF(painter.font()).height();
-    double top = area.top();
-    for (const auto& line : lines) {
-        painter.drawText(
-            QRectF(area.left(), top, area.width(), height),
-            static_cast<int>(alignment | Qt::AlignVCenter) | Qt::TextSingleLine, line
-        );
-        top += height;
-    }
-    return top;
-}
-
-void drawFocus(QPainter& painter, const QWidget& widget, const Color& color, double radius) {
-    if (widget.hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(qt::color(color.faded(0.85)), 1.5));
-        painter.drawRoundedRect(QRectF(widget.rect()).adjusted(0.75, 0.75, -0.75, -0.75), radius, radius);
-    }
 }
 
 } // namespace
@@ -131,7 +88,7 @@ void SweepHead::paintEvent(QPaintEvent*) {
     }
     const Color first = colors.empty() ? look_.theme->text : colors.front();
     {
-        PainterCanvas canvas(painter, schemeOf(look_));
+        PainterCanvas canvas(painter, sweep::schemeOf(look_));
         GraphicsContext context(canvas);
         context.translateBy(0, (height() - side) / 2);
         drawSymbol(context, symbolOf(kind_), first, side);
@@ -168,11 +125,11 @@ void SweepRow::setRow(const SweepWords::Row& row) {
 }
 
 QFont SweepRow::titleFont() const {
-    return systemFont(look_, rowTitlePoints, QFont::DemiBold);
+    return sweep::systemFont(look_, rowTitlePoints, QFont::DemiBold);
 }
 
 QFont SweepRow::detailFont() const {
-    return systemFont(look_, rowDetailPoints);
+    return sweep::systemFont(look_, rowDetailPoints);
 }
 
 double SweepRow::textWidth(double width) const {
@@ -182,8 +139,8 @@ double SweepRow::textWidth(double width) const {
 
 double SweepRow::linesHeight(double width) const {
     const double room = textWidth(width);
-    return heightOf(lines(row_.title, titleFont(), room), titleFont()) +
-           heightOf(lines(row_.detail, detailFont(), room), detailFont());
+    return sweep::heightOf(sweep::lines(row_.title, titleFont(), room, mostLines), titleFont()) +
+           sweep::heightOf(sweep::lines(row_.detail, detailFont(), room, mostLines), detailFont());
 }
 
 int SweepRow::heightForWidth(int width) const {
@@ -218,8 +175,8 @@ void SweepRow::drawGround(QPainter& painter) const {
     constexpr double primaryOpacity = 0.05;
     const PetTheme& theme = *look_.theme;
     const double radius = std::max(theme.radius - 4, leastRadius);
-    const Color primary = Color::named(NamedColor::primary, primaryOpacity).resolved(schemeOf(look_));
-    PainterCanvas canvas(painter, schemeOf(look_));
+    const Color primary = Color::named(NamedColor::primary, primaryOpacity).resolved(sweep::schemeOf(look_));
+    PainterCanvas canvas(painter, sweep::schemeOf(look_));
     GraphicsContext context(canvas);
     const Rect area{0, 0, static_cast<double>(width()), static_cast<double>(height())};
     const Path shape = Path::roundedRect(area, radius, CornerStyle::continuous);
@@ -237,10 +194,12 @@ void SweepRow::drawWords(QPainter& painter) const {
     QRectF area(left, (height() - linesHeight(width())) / 2, room, height());
     painter.setFont(titleFont());
     painter.setPen(qt::color(theme.text));
-    area.setTop(drawLines(painter, lines(row_.title, titleFont(), room), area, Qt::AlignLeft));
+    area.setTop(
+        sweep::drawLines(painter, sweep::lines(row_.title, titleFont(), room, mostLines), area, Qt::AlignLeft)
+    );
     painter.setFont(detailFont());
     painter.setPen(qt::color(theme.subtext));
-    drawLines(painter, lines(row_.detail, detailFont(), room), area, Qt::AlignLeft);
+    sweep::drawLines(painter, sweep::lines(row_.detail, detailFont(), room, mostLines), area, Qt::AlignLeft);
 }
 
 void SweepRow::paintEvent(QPaintEvent*) {
@@ -248,7 +207,7 @@ void SweepRow::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     drawGround(painter);
     {
-        PainterCanvas canvas(painter, schemeOf(look_));
+        PainterCanvas canvas(painter, sweep::schemeOf(look_));
         GraphicsContext head(canvas);
         head.translateBy(rowPaddingX, (height() - MiniHead::height) / 2);
         MiniHead{row_.seed, 0}.draw(head, look_.pets);
@@ -257,104 +216,7 @@ void SweepRow::paintEvent(QPaintEvent*) {
         drawSymbol(arrow, Symbol::openApp, look_.theme->subtext, arrowSide);
     }
     drawWords(painter);
-    drawFocus(painter, *this, look_.theme->text, std::max(look_.theme->radius - 4, 4.0));
-}
-
-AllClearView::AllClearView(const SweepWords::AllClear& words, const CardLook& look, Date now)
-    : words_(words), look_(look) {
-    Pet pet;
-    pet.action = PetAction::resting;
-    pet.seed = SweepWords::allClearSeed;
-    pet.since = now;
-    pet_ = new PetBox(pet, petSide, look);
-    pet_->setParent(this);
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    policy.setHeightForWidth(true);
-    setSizePolicy(policy);
-    setWords(words);
-}
-
-void AllClearView::setWords(const SweepWords::AllClear& words) {
-    words_ = words;
-    setAccessibleName(qt::text(words_.title));
-    setAccessibleDescription(qt::text(words_.detail));
-    updateGeometry();
-    update();
-}
-
-void AllClearView::animate(Date now) {
-    pet_->animate(now);
-}
-
-QFont AllClearView::titleFont() const {
-    return look_.typography.font(14, QFont::Bold);
-}
-
-QFont AllClearView::detailFont() const {
-    return systemFont(look_, 11);
-}
-
-int AllClearView::heightForWidth(int width) const {
-    const double words = heightOf(lines(words_.title, titleFont(), width, allClearLines), titleFont()) +
-                         heightOf(lines(words_.detail, detailFont(), width, allClearLines), detailFont());
-    return static_cast<int>(std::ceil(2 * allClearPadding + petSide + 2 * allClearSpacing + words));
-}
-
-QSize AllClearView::sizeHint() const {
-    return {200, heightForWidth(std::max(width(), 200))};
-}
-
-void AllClearView::resizeEvent(QResizeEvent*) {
-    pet_->move((width() - pet_->width()) / 2, static_cast<int>(allClearPadding));
-}
-
-void AllClearView::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    QRectF area(0, allClearPadding + petSide + allClearSpacing, width(), height());
-    painter.setFont(titleFont());
-    painter.setPen(qt::color(look_.theme->text));
-    const auto title = lines(words_.title, titleFont(), width(), allClearLines);
-    area.setTop(drawLines(painter, title, area, Qt::AlignHCenter) + allClearSpacing);
-    painter.setFont(detailFont());
-    painter.setPen(qt::color(look_.theme->subtext));
-    drawLines(painter, lines(words_.detail, detailFont(), width(), allClearLines), area, Qt::AlignHCenter);
-}
-
-CheckButton::CheckButton(const CardLook& look) : look_(look) {
-    setFont(systemFont(look_, buttonPoints, QFont::DemiBold));
-    setAttribute(Qt::WA_Hover);
-    setFocusPolicy(Qt::StrongFocus);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
-
-QSize CheckButton::sizeHint() const {
-    const QFontMetricsF metrics(font());
-    const double symbol = metrics.ascent() + headSpacing;
-    return {
-        static_cast<int>(std::ceil(metrics.horizontalAdvance(text()) + symbol + 2 * buttonPaddingX)),
-        static_cast<int>(std::ceil(metrics.height() + 2 * buttonPaddingY))};
-}
-
-void CheckButton::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const PetTheme& theme = *look_.theme;
-    const Color ink = isEnabled() ? theme.text : theme.subtext;
-    const double lift = !isEnabled() ? 0.04 : isDown() ? 0.2 : underMouse() ? 0.14 : 0.08;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(qt::color(theme.text.faded(lift)));
-    painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
-    const double side = QFontMetricsF(font()).ascent();
-    {
-        PainterCanvas canvas(painter, schemeOf(look_));
-        GraphicsContext context(canvas);
-        context.translateBy(buttonPaddingX, (height() - side) / 2);
-        drawSymbol(context, Symbol::refresh, ink, side);
-    }
-    painter.setFont(font());
-    painter.setPen(qt::color(ink));
-    painter.drawText(QRectF(rect()).adjusted(buttonPaddingX + side + headSpacing, 0, 0, 0), oneLine, text());
-    drawFocus(painter, *this, theme.text, height() / 2.0);
+    sweep::drawFocus(painter, *this, look_.theme->text, std::max(look_.theme->radius - 4, 4.0));
 }
 
 } // namespace mimkins

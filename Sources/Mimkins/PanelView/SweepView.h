@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PanelView/AllClearView.h"
 #include "PanelView/SweepParts.h"
 
 #include <QLabel>
