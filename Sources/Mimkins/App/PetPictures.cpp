@@ -122,7 +122,8 @@ QImage sheetImage(const std::vector<SheetCell>& cells, int columns, bool labelle
     painter.setFont(font);
     for (int index = 0; index < count; ++index) {
         const SheetCell& shown = cells[static_cast<std::size_t>(index)];
-        const QPointF corner(cell.width() * (index % columns), cell.height() * (index / columns));
+        const int row = index / columns;
+        const QPointF corner(cell.width() * (index % columns), cell.height() * row);
         const QRectF box(corner, cell);
         painter.fillRect(box, ground(*shown.theme, box));
         painter.drawImage(
