@@ -1,5 +1,7 @@
 #include "Drawing/Symbols.h"
 
+#include "Drawing/ThingSymbols.h"
+
 #include <cmath>
 #include <numbers>
 
@@ -13,13 +15,13 @@ constexpr double pen = 2;
 
 class Sketch {
 public:
-    Sketch(const GraphicsContext& context, const Color& color) : context_(context), color_(color) {}
+    Sketch(const GraphicsContext& context, const Shading& ink) : context_(context), ink_(ink) {}
 
     void line(const Path& path, double width = pen) {
-        context_.stroke(path, color_, StrokeStyle::round(width));
+        context_.stroke(path, ink_, StrokeStyle::round(width));
     }
 
-    void solid(const Path& path) { context_.fill(path, color_); }
+    void solid(const Path& path) { context_.fill(path, ink_); }
 
     void disc(Point center, double radius) {
         solid(Path::ellipse({center.x - radius, center.y - radius, 2 * radius, 2 * radius}));
@@ -27,7 +29,7 @@ public:
 
 private:
     GraphicsContext context_;
-    Color color_;
+    Shading ink_;
 };
 
 void drawStack(Sketch& sketch) {
@@ -126,9 +128,9 @@ void drawChip(Sketch& sketch) {
 
 } // namespace
 
-void drawSymbol(GraphicsContext context, Symbol symbol, double size, const Color& color) {
+void drawSymbol(GraphicsContext context, Symbol symbol, double size, const Shading& ink) {
     context.scaleBy(size / grid, size / grid);
-    Sketch sketch(context, color);
+    Sketch sketch(context, ink);
     switch (symbol) {
     case Symbol::chevronUp:
         sketch.line(Path::polyline({{2.4, 10.8}, {8, 5.2}, {13.6, 10.8}}), 2.4);
@@ -166,6 +168,9 @@ void drawSymbol(GraphicsContext context, Symbol symbol, double size, const Color
         break;
     case Symbol::chip:
         drawChip(sketch);
+        break;
+    default:
+        drawThing(context, symbol, ink);
         break;
     }
 }

@@ -19,11 +19,17 @@ enum class Symbol : std::uint8_t {
     pencil,
     flower,
     book,
-    chip
+    chip,
+    wave,    ///< a hand that waves
+    box,     ///< a parcel
+    alarm,   ///< an alarm clock
+    gears,   ///< two gear wheels
+    openApp, ///< an arrow out of a frame
+    refresh  ///< an arrow that goes round
 };
 
 /// Draws an icon in a square of this size with its top left corner at the origin. The ink fills most of the
 /// square.
-void drawSymbol(GraphicsContext context, Symbol symbol, double size, const Color& color);
+void drawSymbol(GraphicsContext context, Symbol symbol, double size, const Shading& ink);
 
 } // namespace mimkins

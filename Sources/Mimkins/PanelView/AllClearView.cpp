@@ -2,8 +2,8 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
+#include "Drawing/Symbols.h"
 #include "PanelView/SweepDrawing.h"
-#include "PanelView/Symbols.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -118,7 +118,7 @@ void CheckButton::paintEvent(QPaintEvent*) {
         PainterCanvas canvas(painter, sweep::schemeOf(look_));
         GraphicsContext context(canvas);
         context.translateBy(buttonPaddingX, (height() - side) / 2);
-        drawSymbol(context, Symbol::refresh, ink, side);
+        drawSymbol(context, Symbol::refresh, side, ink);
     }
     painter.setFont(font());
     painter.setPen(qt::color(ink));

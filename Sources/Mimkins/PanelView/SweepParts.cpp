@@ -2,8 +2,8 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
+#include "Drawing/Symbols.h"
 #include "PanelView/SweepDrawing.h"
-#include "PanelView/Symbols.h"
 #include "Pet/MiniHead.h"
 #include "Presentation/MoodTint.h"
 
@@ -91,7 +91,7 @@ void SweepHead::paintEvent(QPaintEvent*) {
         PainterCanvas canvas(painter, sweep::schemeOf(look_));
         GraphicsContext context(canvas);
         context.translateBy(0, (height() - side) / 2);
-        drawSymbol(context, symbolOf(kind_), first, side);
+        drawSymbol(context, symbolOf(kind_), side, first);
     }
     painter.setFont(font);
     painter.setPen(colors.empty() ? QPen(qt::color(first)) : QPen(QBrush(across), 1));
@@ -213,7 +213,7 @@ void SweepRow::paintEvent(QPaintEvent*) {
         MiniHead{row_.seed, 0}.draw(head, look_.pets);
         GraphicsContext arrow(canvas);
         arrow.translateBy(width() - rowPaddingX - arrowSide, (height() - arrowSide) / 2);
-        drawSymbol(arrow, Symbol::openApp, look_.theme->subtext, arrowSide);
+        drawSymbol(arrow, Symbol::openApp, arrowSide, look_.theme->subtext);
     }
     drawWords(painter);
     sweep::drawFocus(painter, *this, look_.theme->text, std::max(look_.theme->radius - 4, 4.0));

@@ -1,4 +1,4 @@
-#include "PanelView/Symbols.h"
+#include "Drawing/ThingSymbols.h"
 
 #include <cmath>
 #include <numbers>
@@ -7,8 +7,6 @@ namespace mimkins {
 
 namespace {
 
-// All in a square of 16.
-constexpr double designSide = 16;
 constexpr double pi = std::numbers::pi;
 
 Point onCircle(Point center, double radius, double angle) {
@@ -103,30 +101,30 @@ void drawRefresh(GraphicsContext& context, const Shading& ink) {
 
 } // namespace
 
-void drawSymbol(GraphicsContext& context, Symbol symbol, const Shading& ink, double side) {
-    GraphicsContext scaled = context;
-    scaled.scaleBy(side / designSide, side / designSide);
+void drawThing(GraphicsContext& context, Symbol symbol, const Shading& ink) {
     switch (symbol) {
     case Symbol::wave:
-        return drawWave(scaled, ink);
+        return drawWave(context, ink);
     case Symbol::box:
-        return drawBox(scaled, ink);
+        return drawBox(context, ink);
     case Symbol::alarm:
-        return drawAlarm(scaled, ink);
+        return drawAlarm(context, ink);
     case Symbol::gears:
         drawGear(
-            scaled, ink,
+            context, ink,
             {
                 5.8,
                 6,
             },
             2.9
         );
-        return drawGear(scaled, ink, {12, 11.8}, 2);
+        return drawGear(context, ink, {12, 11.8}, 2);
     case Symbol::openApp:
-        return drawOpenApp(scaled, ink);
+        return drawOpenApp(context, ink);
     case Symbol::refresh:
-        return drawRefresh(scaled, ink);
+        return drawRefresh(context, ink);
+    default:
+        return;
     }
 }
 

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "Drawing/Symbols.h"
+
+namespace mimkins {
+
+/// Draws those symbols that show things, `wave` to `refresh`, in a square of 16 units.
+void drawThing(GraphicsContext& context, Symbol symbol, const Shading& ink);
+
+} // namespace mimkins
