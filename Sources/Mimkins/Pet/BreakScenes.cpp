@@ -26,9 +26,9 @@ Point wipingHand(const PetPainter& pet, double phase) {
     const Point brow{std::lerp(62.0, 36.0, wiped(std::clamp(phase, atBrow, flicks))), pet.bob + 35};
     const Point out{93, pet.bob + 48};
     if (phase < flicks) {
-        return between(down, brow, eased(phase, 0, atBrow));
+        return mix(down, brow, between(phase, 0, atBrow));
     }
-    return between(between(brow, out, eased(phase, flicks, flicked)), down, eased(phase, 2.2, 2.7));
+    return mix(mix(brow, out, between(phase, flicks, flicked)), down, between(phase, 2.2, 2.7));
 }
 
 void bigDrop(const PetPainter& pet, Point at) {
@@ -42,14 +42,14 @@ void cloth(const PetPainter& pet, Point hand, double trail) {
     const std::initializer_list<Point> edges{corner(-8, -4), corner(6, -4), corner(7, 13), corner(-7, 13)};
     pet.polygon(edges, Color::white());
     pet.line({corner(-6.8, 8.5), corner(6.8, 8.5)}, pet.colors.accent, 2.4);
-    pet.line({corner(-8, -4), corner(6, -4), corner(7, 13), corner(-7, 13), corner(-8, -4)}, darkBrown, 1.3);
+    pet.line({corner(-8, -4), corner(6, -4), corner(7, 13), corner(-7, 13), corner(-8, -4)}, deepBrown, 1.3);
 }
 
 /// Drops that stand at the head until they are wiped, then fly off the cloth.
 void sweat(const PetPainter& pet, double phase) {
-    const double wet = 1 - eased(phase, atBrow + 0.2, atBrow + 0.7);
+    const double wet = 1 - between(phase, atBrow + 0.2, atBrow + 0.7);
     if (wet > 0) {
-        const double slide = 5 * eased(phase, 0, atBrow + 0.4);
+        const double slide = 5 * between(phase, 0, atBrow + 0.4);
         bigDrop(pet.faded(wet), {19, 35 + slide});
         bigDrop(pet.faded(wet), {83, 27 + slide});
         bigDrop(pet.faded(wet), {30, 16 + slide});
@@ -96,10 +96,10 @@ void wipeBrow(PetPainter& pet, double phase) {
     sweat(pet, phase);
     phew(pet, phase);
     pet.armDown(Side::left);
-    const double up = eased(phase, 0, atBrow) * (1 - eased(phase, 2.2, 2.7));
+    const double up = between(phase, 0, atBrow) * (1 - between(phase, 2.2, 2.7));
     const Point hand = wipingHand(pet, phase);
     cloth(pet, hand, std::clamp(0.5 * (wipingHand(pet, phase - 0.08).x - hand.x), -4.0, 4.0));
-    pet.arm(Side::right, between({82, pet.bob + 64}, {96, pet.bob + 46}, up), hand);
+    pet.arm(Side::right, mix({82, pet.bob + 64}, {96, pet.bob + 46}, up), hand);
 }
 
 void coffee(PetPainter& pet, Posture posture) {
@@ -115,7 +115,7 @@ void coffee(PetPainter& pet, Posture posture) {
     body.eyes(raised > 0.4 ? Eyes::closed() : (phase > 2.4 ? Eyes::happy() : Eyes::look(1.5, 1)));
     body.mouth(Mouth::smile);
     body.armDown(Side::left);
-    const Point at = between({62, pet.bob + 68}, {54, pet.bob + 58}, raised);
+    const Point at = mix({62, pet.bob + 68}, {54, pet.bob + 58}, raised);
     bigMug(body, at, 0.55 * drinking);
     body.arm(Side::right, {93, pet.bob + 72 - 4 * raised}, {at.x + 13, at.y + 1 - 4 * drinking});
     keepTurn(pet, body);

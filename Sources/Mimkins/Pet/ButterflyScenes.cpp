@@ -17,8 +17,8 @@ void wings(const PetPainter& pet, Point at, double side, double open) {
             at.x + side * x * open - width * open / 2, at.y + y - height / 2, width * open, height, color
         );
     };
-    wing(6.4, -4, 13, 12.5, darkBrown);
-    wing(5, 4.6, 10, 9.5, darkBrown);
+    wing(6.4, -4, 13, 12.5, deepBrown);
+    wing(5, 4.6, 10, 9.5, deepBrown);
     wing(6.2, -4, 10.6, 10, orange);
     wing(4.8, 4.4, 7.6, 7, Color{1, 0.8, 0.25});
     wing(7.4, -5, 3.6, 3.6, Color::white(0.9));
@@ -30,9 +30,9 @@ void drawButterfly(const PetPainter& pet, Point at, double angle) {
     const double open = 0.5 + 0.5 * std::abs(std::sin(14 * pet.t));
     wings(insect, at, -1, open);
     wings(insect, at, 1, open);
-    insect.curve({at.x, at.y - 5}, {at.x - 1, at.y - 9}, {at.x - 4, at.y - 10}, darkBrown, 1);
-    insect.curve({at.x, at.y - 5}, {at.x + 1, at.y - 9}, {at.x + 4, at.y - 10}, darkBrown, 1);
-    insect.line({{at.x, at.y - 5}, {at.x, at.y + 6}}, darkBrown, 2.6);
+    insect.curve({at.x, at.y - 5}, {at.x - 1, at.y - 9}, {at.x - 4, at.y - 10}, deepBrown, 1);
+    insect.curve({at.x, at.y - 5}, {at.x + 1, at.y - 9}, {at.x + 4, at.y - 10}, deepBrown, 1);
+    insect.line({{at.x, at.y - 5}, {at.x, at.y + 6}}, deepBrown, 2.6);
 }
 
 Eyes lookAt(const PetPainter& pet, Point at) {
@@ -45,10 +45,8 @@ Eyes lookAt(const PetPainter& pet, Point at) {
 void reachingArm(const PetPainter& pet, Side side, double reach) {
     const double inner = inward(side);
     const Point root = pet.shoulder(side);
-    const Point hand =
-        between({root.x - 3 * inner, pet.bob + 73}, {root.x - 12 * inner, pet.bob + 33}, reach);
-    const Point bend =
-        between({root.x - 6 * inner, pet.bob + 64}, {root.x - 13 * inner, pet.bob + 53}, reach);
+    const Point hand = mix({root.x - 3 * inner, pet.bob + 73}, {root.x - 12 * inner, pet.bob + 33}, reach);
+    const Point bend = mix({root.x - 6 * inner, pet.bob + 64}, {root.x - 13 * inner, pet.bob + 53}, reach);
     pet.arm(side, bend, hand);
 }
 
@@ -60,9 +58,9 @@ constexpr double ends = 9;
 /// In from the left, twice about the head, out to the right.
 Point visitorAt(double phase) {
     const double f = (phase - appears) / (ends - appears);
-    const double x =
-        -16 + 62 * eased(f, 0, 0.35) + 6 * std::sin(9 * f) + 90 * std::pow(std::max(f - 0.45, 0.0) / 0.55, 2);
-    return {x, 18 + 7 * std::sin(5.5 * (phase - appears)) - 6 * eased(f, 0.5, 1)};
+    const double x = -16 + 62 * between(f, 0, 0.35) + 6 * std::sin(9 * f) +
+                     90 * std::pow(std::max(f - 0.45, 0.0) / 0.55, 2);
+    return {x, 18 + 7 * std::sin(5.5 * (phase - appears)) - 6 * between(f, 0.5, 1)};
 }
 
 /// Heavy lids over the upper half of the eyes, 0 to 1 closed.
@@ -81,8 +79,8 @@ void lids(const PetPainter& pet, double closed) {
 
 /// An arm that holds the chin at 1 and hangs at 0.
 void chinArm(const PetPainter& pet, double held) {
-    const Point bend = between({82, pet.bob + 64}, {91, pet.bob + 74}, held);
-    pet.arm(Side::right, bend, between({79, pet.bob + 73}, {62, pet.mouthLine() + 7}, held));
+    const Point bend = mix({82, pet.bob + 64}, {91, pet.bob + 74}, held);
+    pet.arm(Side::right, bend, mix({79, pet.bob + 73}, {62, pet.mouthLine() + 7}, held));
 }
 
 /// The chin on a hand, the other arm down; a sigh sinks the body.
@@ -101,9 +99,9 @@ void surprised(PetPainter& pet, double phase, Point visitor) {
     pet.standing(Legs::still, lookAt(pet, visitor), phase > appears + 1.4 ? Mouth::smile : Mouth::open);
     pet.armDown(Side::left);
     if (phase < appears + 0.8) {
-        chinArm(pet, 1 - eased(phase, appears + 0.5, appears + 0.8));
+        chinArm(pet, 1 - between(phase, appears + 0.5, appears + 0.8));
     } else {
-        reachingArm(pet, Side::right, eased(phase, appears + 1.5, appears + 2.3));
+        reachingArm(pet, Side::right, between(phase, appears + 1.5, appears + 2.3));
     }
     const double mark = during(phase, appears + 0.5, appears + 1.8, 0.2);
     if (mark > 0) {
@@ -128,8 +126,8 @@ void butterfly(PetPainter& pet) {
     pet.bob = 1.2 * std::sin(1.7 * pet.t);
     pet.shiftX = 3 * sway;
     pet.standing(Legs::still, lookAt(pet, at), Mouth::smile);
-    reachingArm(pet, Side::left, eased(-sway, 0.1, 0.85));
-    reachingArm(pet, Side::right, eased(sway, 0.1, 0.85));
+    reachingArm(pet, Side::left, between(-sway, 0.1, 0.85));
+    reachingArm(pet, Side::right, between(sway, 0.1, 0.85));
     pet.shiftX = 0;
     drawButterfly(pet, at, 0.35 * std::cos(0.9 * pet.t));
 }

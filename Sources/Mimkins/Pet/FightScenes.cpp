@@ -31,9 +31,9 @@ constexpr double kickAngle = -0.2443;
 
 /// The crouch before and the stance after the flight.
 void fightingStance(PetPainter& pet, double phase) {
-    const double crouch = eased(phase, 0, 0.35) * (1 - eased(phase, 0.4, leaps));
+    const double crouch = between(phase, 0, 0.35) * (1 - between(phase, 0.4, leaps));
     const double landing = during(phase, lands - 0.02, settled, 0.12);
-    pet.bob = 5 * crouch + 4 * landing + 0.8 * std::sin(6 * pet.t) * eased(phase, settled, settled + 0.4);
+    pet.bob = 5 * crouch + 4 * landing + 0.8 * std::sin(6 * pet.t) * between(phase, settled, settled + 0.4);
     pet.squash = 5 * crouch + 5 * landing;
     pet.shadow();
     pet.stanceLegs();
@@ -46,15 +46,15 @@ void fightingStance(PetPainter& pet, double phase) {
 
 void kickingLegs(const PetPainter& pet, double out) {
     const double y = pet.bob;
-    const Point knee = between({42, y + 84}, {36, y + 82}, out);
+    const Point knee = mix({42, y + 84}, {36, y + 82}, out);
     pet.leg({40, y + 72}, knee, {knee.x - 7, knee.y - 2});
-    const Point heel = between({62, y + 84}, {93, y + 70}, out);
+    const Point heel = mix({62, y + 84}, {93, y + 70}, out);
     pet.line({{60, y + 70}, heel}, pet.colors.limb, 7);
     pet.turned(heel, -1.2 * out).ellipse(heel.x - 5, heel.y - 3, 12, 7, pet.colors.limb);
 }
 
 void flight(PetPainter& pet, double phase) {
-    const double up = eased(phase, leaps, kicks) * (1 - eased(phase, falls, lands));
+    const double up = between(phase, leaps, kicks) * (1 - between(phase, falls, lands));
     const double out = during(phase, leaps + 0.1, lands - 0.05, 0.18);
     pet.bob = -11 * up;
     pet.shiftX = -7 * up;
@@ -64,8 +64,8 @@ void flight(PetPainter& pet, double phase) {
     body.torso();
     body.eyes(Eyes::wide());
     body.mouth(Mouth::open);
-    body.arm(Side::left, {9, pet.bob + 66 - 4 * out}, between({9, pet.bob + 44}, {17, pet.bob + 38}, out));
-    body.arm(Side::right, {95, pet.bob + 68 - 6 * out}, between({71, pet.bob + 66}, {89, pet.bob + 44}, out));
+    body.arm(Side::left, {9, pet.bob + 66 - 4 * out}, mix({9, pet.bob + 44}, {17, pet.bob + 38}, out));
+    body.arm(Side::right, {95, pet.bob + 68 - 6 * out}, mix({71, pet.bob + 66}, {89, pet.bob + 44}, out));
     const double word = during(phase, kicks - 0.1, falls + 0.1, 0.12);
     if (word > 0) {
         shout(
@@ -87,13 +87,13 @@ constexpr Color wood{0.93, 0.74, 0.45};
 
 void blocks(const PetPainter& pet) {
     for (const double x : {8.0, 76.0}) {
-        pet.rounded(x - 1, 80, 18, 13.5, 2, darkBrown);
+        pet.rounded(x - 1, 80, 18, 13.5, 2, deepBrown);
         pet.rounded(x, 81, 16, 11.5, 1.4, Color::grey(0.62));
     }
 }
 
 void plank(const PetPainter& pet, double x, double width) {
-    pet.rounded(x - 1, 72.5, width + 2, 8.5, 2, darkBrown);
+    pet.rounded(x - 1, 72.5, width + 2, 8.5, 2, deepBrown);
     pet.rounded(x, 73.5, width, 6.5, 1.2, wood);
     pet.line({{x + 4, 76.6}, {x + width - 4, 76.6}}, brown, 1);
 }
@@ -105,13 +105,13 @@ void boardOnBlocks(const PetPainter& pet, double phase) {
         plank(pet, 9, 82);
         return;
     }
-    const double tilt = breakAngle * eased(phase, breaks, breaks + 0.12);
-    const double left = 1 - eased(phase, clears, clears + 0.25);
+    const double tilt = breakAngle * between(phase, breaks, breaks + 0.12);
+    const double left = 1 - between(phase, clears, clears + 0.25);
     if (left > 0) {
         plank(pet.scaled({12, 80}, left, left).turned({16, 80}, tilt), 9, 40.5);
         plank(pet.scaled({88, 80}, left, left).turned({84, 80}, -tilt), 50.5, 40.5);
     }
-    const double next = eased(phase, clears + 0.1, chopCycle - 0.05);
+    const double next = between(phase, clears + 0.1, chopCycle - 0.05);
     if (next > 0) {
         plank(pet.moved(100 * (next - 1), 0), 9, 82);
     }
@@ -122,9 +122,9 @@ Point choppingHand(double phase, double bob) {
     const Point high{86, bob + 20};
     const Point broken{55, bob + 77};
     if (phase < strikes) {
-        return between(rest, high, eased(phase, 0.1, 0.8));
+        return mix(rest, high, between(phase, 0.1, 0.8));
     }
-    return between(between(high, broken, eased(phase, strikes, breaks)), rest, eased(phase, 1.9, 2.4));
+    return mix(mix(high, broken, between(phase, strikes, breaks)), rest, between(phase, 1.9, 2.4));
 }
 
 void splinters(const PetPainter& pet, double phase) {
@@ -159,7 +159,7 @@ constexpr double punchCycle = 0.8;
 constexpr double punchReach = 0.3; // of half a cycle, when the fist is at the target
 
 double punched(double half) {
-    return eased(half, 0.06, punchReach) * (1 - eased(half, punchReach + 0.1, 0.85));
+    return between(half, 0.06, punchReach) * (1 - between(half, punchReach + 0.1, 0.85));
 }
 
 void boxingArm(const PetPainter& pet, Side side, Point bend, Point hand) {
@@ -172,11 +172,11 @@ void boxingArm(const PetPainter& pet, Side side, Point bend, Point hand) {
 
 void target(const PetPainter& pet, double hit) {
     constexpr Point foot{80, 91};
-    pet.ellipse(68, 88, 24, 7, darkBrown);
+    pet.ellipse(68, 88, 24, 7, deepBrown);
     const PetPainter swung = pet.turned(foot, 0.12 * hit);
     swung.line({foot, {80, 60}}, Color::grey(0.5), 3.4);
     const Point at{80, 48};
-    swung.ellipse(at.x - 12 + hit, at.y - 15, 24 - 2 * hit, 30, darkBrown);
+    swung.ellipse(at.x - 12 + hit, at.y - 15, 24 - 2 * hit, 30, deepBrown);
     swung.ellipse(at.x - 10.6 + hit, at.y - 13.6, 21.2 - 2 * hit, 27.2, Color{1, 0.82, 0.15});
     swung.ellipse(at.x - 6.5, at.y - 8.5, 13, 17, Color::white());
     swung.ellipse(at.x - 3.4, at.y - 4.4, 6.8, 8.8, Color{0.9, 0.2, 0.2});
@@ -207,7 +207,7 @@ void flyingKick(PetPainter& pet, double phase) {
 
 void karateChop(PetPainter& pet, double phase) {
     const double moment = within(phase, chopCycle);
-    const double wound = eased(moment, 0.1, 0.9) * (1 - eased(moment, strikes, breaks));
+    const double wound = between(moment, 0.1, 0.9) * (1 - between(moment, strikes, breaks));
     const double struck = during(moment, strikes, 2.1, 0.12);
     pet.bob = -3 * wound + 3 * struck;
     pet.squash = 3 * struck;
@@ -220,7 +220,7 @@ void karateChop(PetPainter& pet, double phase) {
     splinters(pet, moment);
     const Point hand = choppingHand(moment, pet.bob);
     const double tremble = 0.7 * std::sin(40 * pet.t) * during(moment, 0.7, strikes, 0.1);
-    pet.arm(Side::right, between({92, pet.bob + 60}, {96, pet.bob + 44}, wound), {hand.x + tremble, hand.y});
+    pet.arm(Side::right, mix({92, pet.bob + 60}, {96, pet.bob + 44}, wound), {hand.x + tremble, hand.y});
     const double word = during(moment, breaks - 0.05, 2.2, 0.12);
     if (word > 0) {
         shout(
@@ -242,15 +242,17 @@ void punches(PetPainter& pet) {
     pet.stanceLegs();
     PetPainter props = pet;
     props.shiftX = 0;
-    target(props, eased(half, punchReach - 0.06, punchReach) * (1 - eased(half, punchReach + 0.05, 0.95)));
+    target(
+        props, between(half, punchReach - 0.06, punchReach) * (1 - between(half, punchReach + 0.05, 0.95))
+    );
     pet.torso();
     pet.eyes(Eyes::look(3, 0));
     brows(pet);
     pet.mouth(reach > 0.5 ? Mouth::open : Mouth::flat);
-    boxingArm(pet, Side::left, between({6, 66}, {44, 92}, leftReach), between({21, 66}, {75, 49}, leftReach));
+    boxingArm(pet, Side::left, mix({6, 66}, {44, 92}, leftReach), mix({21, 66}, {75, 49}, leftReach));
     boxingArm(
-        pet, Side::right, between({95, 68}, {82, 62}, rightReach),
-        between({74 + 3 * leftReach, 64 + 6 * leftReach}, {77, 45}, rightReach)
+        pet, Side::right, mix({95, 68}, {82, 62}, rightReach),
+        mix({74 + 3 * leftReach, 64 + 6 * leftReach}, {77, 45}, rightReach)
     );
     impact(props, half);
 }

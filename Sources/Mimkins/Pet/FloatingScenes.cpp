@@ -27,7 +27,7 @@ void restingArms(const PetPainter& pet, double breath) {
 }
 
 void mat(const PetPainter& pet) {
-    pet.rounded(10, 88.5, 80, 6, 3, darkBrown);
+    pet.rounded(10, 88.5, 80, 6, 3, deepBrown);
     pet.rounded(11, 88, 78, 5, 2.5, pet.colors.accent);
     for (const double x : {16.0, 80.0}) {
         pet.rounded(x, 88, 4, 5, 0.5, pet.colors.paper);

@@ -38,9 +38,9 @@ void swayingLegs(const PetPainter& pet, double sway) {
 }
 
 void board(const PetPainter& pet, double wheel) {
-    pet.curve({14, 83}, {18, 87}, {26, 87}, darkBrown, 5);
-    pet.curve({86, 83}, {82, 87}, {74, 87}, darkBrown, 5);
-    pet.line({{26, 87}, {74, 87}}, darkBrown, 5);
+    pet.curve({14, 83}, {18, 87}, {26, 87}, deepBrown, 5);
+    pet.curve({86, 83}, {82, 87}, {74, 87}, deepBrown, 5);
+    pet.line({{26, 87}, {74, 87}}, deepBrown, 5);
     pet.curve({14, 82.5}, {18, 86}, {26, 86}, pet.colors.accent, 2.6);
     pet.curve({86, 82.5}, {82, 86}, {74, 86}, pet.colors.accent, 2.6);
     pet.line({{26, 86}, {74, 86}}, pet.colors.accent, 2.6);
@@ -58,14 +58,14 @@ void helmet(const PetPainter& pet) {
     shell.addCurve({81, y}, {19, y - 22}, {81, y - 22});
     shell.closeSubpath();
     pet.fill(shell, pet.colors.accent);
-    pet.stroke(shell, darkBrown, 1.6);
+    pet.stroke(shell, deepBrown, 1.6);
     Path stripe;
     stripe.move({41, y - 0.8});
     stripe.addQuadCurve({50, y - 15.4}, {42, y - 15});
     stripe.addQuadCurve({59, y - 0.8}, {58, y - 15});
     stripe.closeSubpath();
     pet.fill(stripe, pet.colors.paper);
-    pet.line({{20, y}, {80, y}}, darkBrown, 3.4);
+    pet.line({{20, y}, {80, y}}, deepBrown, 3.4);
 }
 
 void speedLines(const PetPainter& pet, double speed) {

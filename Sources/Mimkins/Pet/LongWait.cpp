@@ -17,7 +17,7 @@ Point onDial(double share, double radius) {
 }
 
 void dial(const PetPainter& pet) {
-    pet.ellipse(2.5, 7.5, 21, 21, wood);
+    pet.ellipse(2.5, 7.5, 21, 21, brown);
     pet.ellipse(4, 9, 18, 18, pet.colors.paper);
     Path ticks;
     for (int hour = 0; hour < 12; ++hour) {
@@ -34,7 +34,7 @@ void wallClock(PetPainter& pet, double minutesWaited) {
     const Color& ink = pet.colors.ink;
     pet.line({clockCenter, onDial(std::fmod(minutesWaited / 60, 12) / 12, 4.6)}, ink, 1.4);
     pet.line({clockCenter, onDial(std::fmod(minutesWaited, 60) / 60, 6.8)}, ink, 1);
-    const double second = cycle(std::floor(pet.t), 60) / 60;
+    const double second = within(std::floor(pet.t), 60) / 60;
     pet.line({clockCenter, onDial(second, 7.6)}, Color{0.85, 0.15, 0.15}, 0.5);
     pet.ellipse(12.1, 17.1, 1.8, 1.8, ink);
 }
@@ -42,9 +42,9 @@ void wallClock(PetPainter& pet, double minutesWaited) {
 void waitingWithHourglass(PetPainter& pet) {
     constexpr double length = 5;
     constexpr double flipFrom = 4.2;
-    const double phase = cycle(pet.t, length);
-    const double flip = ramp(phase, flipFrom, 4.9);
-    const double reached = window(phase, flipFrom - 0.5, length, 0.25);
+    const double phase = within(pet.t, length);
+    const double flip = between(phase, flipFrom, 4.9);
+    const double reached = during(phase, flipFrom - 0.5, length, 0.25);
     sit(pet, std::sin(1.5 * pet.t));
     pet.shiftX = -6;
     pet.shadow();
@@ -60,15 +60,15 @@ void waitingWithHourglass(PetPainter& pet) {
     pet.drawHourglass(glass, 1.55, pi * flip, phase / flipFrom);
     const Point rest{76 - pet.thin, 81};
     const Point grip{glass.x - 9 * std::cos(pi * flip), glass.y - 9 * std::sin(pi * flip)};
-    const Point hand = between(rest, grip, reached);
-    pet.arm(Side::right, {between(82, 72, reached), 76}, hand);
+    const Point hand = mix(rest, grip, reached);
+    pet.arm(Side::right, {mix(82, 72, reached), 76}, hand);
     const Point chin{34, pet.mouthLine() + 4};
     pet.arm(Side::left, {10 + 0.7 * pet.thin, 84}, chin);
 }
 
 void pointAtClock(PetPainter& pet) {
-    const double phase = cycle(pet.t, 3);
-    const double toClock = window(phase, 0, 1.3, 0.2);
+    const double phase = within(pet.t, 3);
+    const double toClock = during(phase, 0, 1.3, 0.2);
     pet.bob = -0.8 + 0.8 * std::cos(5 * pet.t);
     pet.shadow();
     pet.legs(Legs::still);

@@ -76,8 +76,8 @@ void jaw(const PetPainter& pet, double drop) {
 /// The right arm is still up; every few seconds it finds the strength for a small wave.
 void waitingArm(const PetPainter& pet) {
     constexpr double length = 5.5;
-    const double phase = cycle(pet.t, length);
-    const double strength = window(phase, 1, 3.2, 0.4);
+    const double phase = within(pet.t, length);
+    const double strength = during(phase, 1, 3.2, 0.4);
     const double tilt = 0.28 * std::sin(2 * pi * (phase - 1) / 1.1) * strength;
     const Point elbow{88, pet.bob + 55};
     const Point wrist{89 + 18 * std::sin(tilt), elbow.y - 19 * std::cos(tilt)};
@@ -91,8 +91,8 @@ void waitingArm(const PetPainter& pet) {
 void skeleton(PetPainter& pet) {
     pet.bob = 5 + 0.5 * std::sin(0.8 * pet.t + 0.8);
     pet.squash = 2;
-    const double late = (cycle(pet.t, 5) / 5 - 0.85) / 0.15;
-    const double drop = 3 * window(late, 0, 1, 0.3);
+    const double late = (within(pet.t, 5) / 5 - 0.85) / 0.15;
+    const double drop = 3 * during(late, 0, 1, 0.3);
     pet.shadow();
     boneLegs(pet);
     jaw(pet, drop);
@@ -154,7 +154,7 @@ void motes(const PetPainter& pet) {
     for (const double shift : {0.0, 0.5}) {
         const double share = fraction(0.18 * pet.t + shift);
         const double drift = 3 * std::sin(6 * share);
-        pet.faded(window(share, 0, 1, 0.3))
+        pet.faded(during(share, 0, 1, 0.3))
             .disc({54 + 22 * share + drift, 70 - 14 * share}, 1.5, Color::grey(0.65));
     }
 }

@@ -11,14 +11,14 @@ namespace {
 void drawUkulele(const PetPainter& pet) {
     constexpr Color wood{0.87, 0.56, 0.24};
     constexpr double y = 68;
-    pet.disc({66, y}, 13.4, darkBrown);
-    pet.disc({52, y}, 10.4, darkBrown);
+    pet.disc({66, y}, 13.4, deepBrown);
+    pet.disc({52, y}, 10.4, deepBrown);
     pet.disc({66, y}, 12, wood);
     pet.disc({52, y}, 9, wood);
-    pet.line({{50, y}, {19, y}}, darkBrown, 5.4);
-    pet.rounded(10, y - 4.5, 11, 9, 2, darkBrown);
-    pet.disc({57, y}, 4.4, darkBrown);
-    pet.line({{70, y - 4}, {70, y + 4}}, darkBrown, 2.4);
+    pet.line({{50, y}, {19, y}}, deepBrown, 5.4);
+    pet.rounded(10, y - 4.5, 11, 9, 2, deepBrown);
+    pet.disc({57, y}, 4.4, deepBrown);
+    pet.line({{70, y - 4}, {70, y + 4}}, deepBrown, 2.4);
     pet.line({{13, y - 1.2}, {70, y - 1.2}}, Color::white(0.9), 0.8);
     pet.line({{13, y + 1.2}, {70, y + 1.2}}, Color::white(0.9), 0.8);
     for (const double peg : {-6.0, 6.0}) {
@@ -49,7 +49,7 @@ void heap(const PetPainter& pet, double y) {
 void tub(const PetPainter& pet, double rim) {
     constexpr Color red{0.88, 0.18, 0.2};
     const double foot = rim + 24;
-    pet.polygon({{23, rim - 0.5}, {55, rim - 0.5}, {51.5, foot + 1.2}, {26.5, foot + 1.2}}, darkBrown);
+    pet.polygon({{23, rim - 0.5}, {55, rim - 0.5}, {51.5, foot + 1.2}, {26.5, foot + 1.2}}, deepBrown);
     pet.polygon({{24.5, rim}, {53.5, rim}, {50, foot}, {28, foot}}, Color::white());
     pet.polygon({{24.5, rim}, {30.3, rim}, {32.4, foot}, {28, foot}}, red);
     pet.polygon({{36.1, rim}, {41.9, rim}, {41.2, foot}, {36.8, foot}}, red);
@@ -100,8 +100,8 @@ void popcorn(PetPainter& pet) {
     );
     pet.mouth(flying ? Mouth::open : (f > caught ? Mouth::smile : Mouth::small));
     heap(pet, 69);
-    const double thrown = eased(f, 0.1, released) * (1 - eased(f, 0.55, 0.85));
-    pet.arm(Side::right, between({90, 72}, {92, 56}, thrown), between({50, 68}, {87, 40}, thrown));
+    const double thrown = between(f, 0.1, released) * (1 - between(f, 0.55, 0.85));
+    pet.arm(Side::right, mix({90, 72}, {92, 56}, thrown), mix({50, 68}, {87, 40}, thrown));
     tub(pet, 70);
     pet.arm(Side::left, {12, 72}, {27, 81});
     if (flying) {

@@ -36,9 +36,9 @@ void bush(const PetPainter& pet, double rustle) {
 
 /// How far the pet has stood up: 0 hidden, 1 standing, a little more as it springs up.
 double stoodUp(double f) {
-    const double up = eased(f, standsUp, standsUp + 0.05);
+    const double up = between(f, standsUp, standsUp + 0.05);
     const double spring = 0.2 * during(f, standsUp + 0.02, standsUp + 0.12, 0.05);
-    return (up + spring) * (1 - eased(f, sitsDown - 0.06, sitsDown));
+    return (up + spring) * (1 - between(f, sitsDown - 0.06, sitsDown));
 }
 
 // The moments of the peek round the edge, as fractions of its length.
@@ -53,8 +53,8 @@ constexpr double edge = 47;
 /// How far the pet is off to the right.
 double offset(double f) {
     const double leaving = outside * std::pow(std::clamp(f / isOut, 0.0, 1.0), 2);
-    const double peeking = (outside - edge) * eased(f, peeks, peeks + 0.09);
-    return leaving - peeking - (edge + 2) * eased(f, enters, isBack);
+    const double peeking = (outside - edge) * between(f, peeks, peeks + 0.09);
+    return leaving - peeking - (edge + 2) * between(f, enters, isBack);
 }
 
 void peekIn(PetPainter& pet, double f) {
@@ -93,8 +93,8 @@ void risingArm(const PetPainter& pet, Side side, double raised) {
     const double outer = -inward(side);
     const Point waving{root.x + 8 * std::sin(8 * pet.t) + 12 * outer, pet.bob + 32};
     pet.arm(
-        side, between({root.x + 6 * outer, pet.bob + 64}, {root.x + 10 * outer, pet.bob + 46}, raised),
-        between({root.x + 3 * outer, pet.bob + 73}, waving, raised)
+        side, mix({root.x + 6 * outer, pet.bob + 64}, {root.x + 10 * outer, pet.bob + 46}, raised),
+        mix({root.x + 3 * outer, pet.bob + 73}, waving, raised)
     );
 }
 
@@ -102,7 +102,7 @@ void risingArm(const PetPainter& pet, Side side, double raised) {
 void walkIn(PetPainter& pet, double f) {
     pet.bob = -1.2 * std::abs(std::sin(9 * pet.t));
     pet.standing(Legs::walking, Eyes::look(-2.5, 0), Mouth::smile);
-    const double turned = eased(f, enters + 0.06, isBack);
+    const double turned = between(f, enters + 0.06, isBack);
     risingArm(pet, Side::left, 1 - turned);
     risingArm(pet, Side::right, turned);
 }
@@ -124,8 +124,8 @@ void peekaboo(PetPainter& pet) {
         pet.eyes(Eyes::look(2.6 * std::sin(turn * (f - 0.28) / (standsUp - 0.28)) * peep, 0));
     }
     const double raised = std::min(up, 1.0);
-    pet.arm(Side::left, between({12, 74}, {8, 52}, raised), between({14, 78}, {9, 33}, raised));
-    pet.arm(Side::right, between({88, 74}, {92, 52}, raised), between({86, 78}, {91, 33}, raised));
+    pet.arm(Side::left, mix({12, 74}, {8, 52}, raised), mix({14, 78}, {9, 33}, raised));
+    pet.arm(Side::right, mix({88, 74}, {92, 52}, raised), mix({86, 78}, {91, 33}, raised));
     bush(pet, 1.2 * std::sin(20 * pet.t) * during(f, standsUp - 0.1, standsUp + 0.1, 0.08));
     const double word = during(f, standsUp, sitsDown, 0.04);
     if (word > 0) {

@@ -22,6 +22,16 @@ constexpr double between(double time, double from, double to) {
     return eased((time - from) / (to - from));
 }
 
+/// From 0 to 1 within `flank` after one moment, and back to 0 within as much before another.
+constexpr double during(double time, double from, double to, double flank) {
+    return between(time, from, from + flank) * (1 - between(time, to - flank, to));
+}
+
+/// What is left of a clock after whole cycles, from 0 up to the cycle, for negative times too.
+inline double within(double time, double cycle) {
+    return time - cycle * std::floor(time / cycle);
+}
+
 /// When something comes and when it goes.
 struct Stay {
     double comes = 0;

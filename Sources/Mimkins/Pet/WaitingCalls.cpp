@@ -28,8 +28,8 @@ void tapMarks(const PetPainter& pet) {
 
 /// A cloud of breath that leaves the mouth, from 0 to 1.
 void sighCloud(const PetPainter& pet, double share) {
-    const PetPainter cloud = pet.faded(0.9 * window(share, 0, 1, 0.3));
-    const Point at = between({53, pet.mouthLine() + 2}, {70, pet.mouthLine() + 9}, share);
+    const PetPainter cloud = pet.faded(0.9 * during(share, 0, 1, 0.3));
+    const Point at = mix({53, pet.mouthLine() + 2}, {70, pet.mouthLine() + 9}, share);
     const double size = 1.5 + 3 * share;
     Path puffs;
     const auto add = [&](double x, double y, double radius) {
@@ -46,15 +46,15 @@ void sighCloud(const PetPainter& pet, double share) {
 void armToHip(const PetPainter& pet, Side side, double share) {
     const Point root = pet.shoulder(side);
     const double out = -inward(side);
-    const Point control{root.x + between(6, 12, share) * out, pet.bob + between(64, 63, share)};
-    pet.arm(side, control, {root.x + between(3, -2, share) * out, pet.bob + between(73, 68, share)});
+    const Point control{root.x + mix(6, 12, share) * out, pet.bob + mix(64, 63, share)};
+    pet.arm(side, control, {root.x + mix(3, -2, share) * out, pet.bob + mix(73, 68, share)});
 }
 
 } // namespace
 
 void bothArmsWave(PetPainter& pet) {
-    const double phase = cycle(pet.t, callLength);
-    const double pause = window(phase, 2.1, 3.2, 0.25);
+    const double phase = within(pet.t, callLength);
+    const double pause = during(phase, 2.1, 3.2, 0.25);
     const double swing = std::sin(9 * pet.t) * (1 - pause);
     pet.bob = -1.5 * (1 - std::cos(9 * pet.t)) * (1 - pause);
     pet.shadow();
@@ -78,15 +78,15 @@ void bothArmsWave(PetPainter& pet) {
 }
 
 void impatient(PetPainter& pet) {
-    const double phase = cycle(pet.t, callLength);
-    const double rolling = window(phase, 0.9, 2.1, 0.3);
-    pet.squash = 3 * window(phase, 2.3, 3.1, 0.25) - 2 * window(phase, 1.8, 2.4, 0.3);
+    const double phase = within(pet.t, callLength);
+    const double rolling = during(phase, 0.9, 2.1, 0.3);
+    pet.squash = 3 * during(phase, 2.3, 3.1, 0.25) - 2 * during(phase, 1.8, 2.4, 0.3);
     pet.shadow();
     pet.legs(Legs::tapping);
     tapMarks(pet);
     pet.shiftX = 0.8 * std::sin(2 * pi * phase / callLength);
     pet.torso();
-    const double angle = 2 * pi * ramp(phase, 0.9, 2.1);
+    const double angle = 2 * pi * between(phase, 0.9, 2.1);
     pet.eyes(
         Eyes::look(-2.5 * std::cos(angle) * (1 - rolling) + 3.5 * std::sin(angle) * rolling, -3.5 * rolling)
     );
@@ -107,12 +107,12 @@ void jumpWave(PetPainter& pet) {
     pet.torso();
     pet.eyes(Eyes::wide());
     pet.mouth(now.height > 0.05 ? Mouth::open : Mouth::flat);
-    const double raised = window(phase, 0.04, 1, 0.4);
+    const double raised = during(phase, 0.04, 1, 0.4);
     const double wave = 2.5 * std::sin(12 * pet.t) * now.height;
-    const double leftY = pet.bob + between(72, 24, raised);
-    const double rightY = std::max(pet.bob + between(72, 30, raised), bubbleFloor);
-    pet.arm(Side::left, {8, pet.bob + 52}, {between(17, 9, raised) + wave, leftY});
-    pet.arm(Side::right, {92, pet.bob + 54}, {between(83, 92, raised) + wave, rightY});
+    const double leftY = pet.bob + mix(72, 24, raised);
+    const double rightY = std::max(pet.bob + mix(72, 30, raised), bubbleFloor);
+    pet.arm(Side::left, {8, pet.bob + 52}, {mix(17, 9, raised) + wave, leftY});
+    pet.arm(Side::right, {92, pet.bob + 54}, {mix(83, 92, raised) + wave, rightY});
 }
 
 namespace {
@@ -121,7 +121,7 @@ constexpr double poseLength = 6;
 
 /// How far the raised hand has sunk in a moment of weariness, 0 to 1; it starts up again.
 double weariness(double phase) {
-    return ramp(phase, 0.8, 4.3) - ramp(phase, 4.4, 4.9);
+    return between(phase, 0.8, 4.3) - between(phase, 4.4, 4.9);
 }
 
 void eagerFace(const PetPainter& pet) {
@@ -147,7 +147,7 @@ void handUp(PetPainter& pet) {
     enum Pose { asking, eager, weary };
 
     const SlotChoice pose = pet.choose(3, poseLength, 31);
-    const double settled = window(pose.phase, 0, poseLength, 0.5);
+    const double settled = during(pose.phase, 0, poseLength, 0.5);
     const double sunk = pose.index == weary ? weariness(pose.phase) : 0;
     const double tiptoe = pose.index == eager ? settled : 0;
     pet.bob = -(1.2 + 1.2 * std::sin(6 * pet.t)) * (0.4 + 1.4 * tiptoe) * (1 - sunk);
@@ -168,9 +168,9 @@ void handUp(PetPainter& pet) {
     armToHip(pet, Side::right, settled * (pose.index == weary ? 0.0 : 1.0));
     const double sway = 2.5 * std::sin(4 * pet.t) * (1 + 0.6 * tiptoe) * (1 - sunk);
     const Point up{14 + sway, pet.bob + 15 - 1.5 * std::sin(6 * pet.t)};
-    const Point hand = between(up, {8, pet.bob + 52}, sunk);
+    const Point hand = mix(up, {8, pet.bob + 52}, sunk);
     finger(pet, hand, sway * 0.04 - 1.1 * sunk);
-    pet.arm(Side::left, between({13, pet.bob + 44}, {9, pet.bob + 66}, sunk), hand);
+    pet.arm(Side::left, mix({13, pet.bob + 44}, {9, pet.bob + 66}, sunk), hand);
     pet.bubble("?", Color::named(NamedColor::pink), Pulse::beating);
 }
 

@@ -5,27 +5,6 @@
 
 namespace mimkins::scene {
 
-double cycle(double t, double length) {
-    return length * fraction(t / length);
-}
-
-double ramp(double value, double from, double to) {
-    const double share = std::clamp((value - from) / (to - from), 0.0, 1.0);
-    return share * share * (3 - 2 * share);
-}
-
-double window(double value, double from, double to, double flank) {
-    return ramp(value, from, from + flank) * (1 - ramp(value, to - flank, to));
-}
-
-double between(double from, double to, double share) {
-    return from + (to - from) * share;
-}
-
-Point between(Point from, Point to, double share) {
-    return {between(from.x, to.x, share), between(from.y, to.y, share)};
-}
-
 Hop hop(double phase) {
     constexpr double leaving = 0.3;
     constexpr double landing = 0.82;
@@ -34,7 +13,7 @@ Hop hop(double phase) {
         const double flight = (phase - leaving) / (landing - leaving);
         result.height = 4 * flight * (1 - flight);
     }
-    result.crouch = window(phase, 0, leaving + 0.06, 0.16) + 0.7 * window(phase, landing - 0.03, 1, 0.1);
+    result.crouch = during(phase, 0, leaving + 0.06, 0.16) + 0.7 * during(phase, landing - 0.03, 1, 0.1);
     return result;
 }
 

@@ -1,24 +1,18 @@
 #pragma once
 
 #include "Pet/PetPainter.h"
+#include "Pet/PropColors.h"
+#include "Pet/Tempo.h"
 
-/// What several scenes of waiting share: easing, hops, brows, a pointing hand, sparkles.
+/// What several scenes of waiting share: hops, brows, a pointing hand, sparkles.
 namespace mimkins::scene {
 
-constexpr double pi = 3.14159265358979323846;
-constexpr Color wood{0.55, 0.38, 0.22};
-
-/// Seconds into a cycle of the clock.
-double cycle(double t, double length);
-
-/// 0 before the first, 1 after the second value, with soft ends between them.
-double ramp(double value, double from, double to);
-
-/// 0 outside the two values, 1 between them, with soft flanks of a width inside them.
-double window(double value, double from, double to, double flank);
-
-double between(double from, double to, double share);
-Point between(Point from, Point to, double share);
+using prop::brown;
+using tempo::between;
+using tempo::during;
+using tempo::mix;
+using tempo::pi;
+using tempo::within;
 
 /// One hop of a cycle from 0 to 1: crouch, flight, landing.
 struct Hop {

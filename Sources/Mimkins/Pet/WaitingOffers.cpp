@@ -14,8 +14,8 @@ constexpr double postX = 81;
 void sign(const PetPainter& pet, double lift, double tilt) {
     constexpr Color green{0.13, 0.6, 0.3};
     const PetPainter held = pet.turned({postX, 70}, tilt).moved(0, -lift);
-    held.line({{postX, 30}, {postX, 88}}, wood, 3.6);
-    held.rounded(62, 5, 34, 30, 3.5, wood);
+    held.line({{postX, 30}, {postX, 88}}, brown, 3.6);
+    held.rounded(62, 5, 34, 30, 3.5, brown);
     held.rounded(64, 7, 30, 26, 2, pet.colors.paper);
     for (const double y : {12.5, 20.0, 27.5}) {
         held.disc({69, y}, 2.4, green);
@@ -25,7 +25,7 @@ void sign(const PetPainter& pet, double lift, double tilt) {
 
 void marcher(PetPainter& pet, double phase) {
     constexpr double trip = 3;
-    const double angle = 2 * pi * cycle(phase, trip) / trip;
+    const double angle = 2 * pi * within(phase, trip) / trip;
     pet.bob = -0.8 + 0.8 * std::cos(18 * pet.t);
     pet.shiftX = -4.5 * (1 - std::cos(angle));
     pet.shadow();
@@ -43,22 +43,22 @@ void bearer(PetPainter& pet, double phase) {
     pet.legs(Legs::still);
     pet.shiftX = 0.8 * std::sin(1.3 * pet.t);
     pet.torso();
-    const double glance = window(phase, 2.2, 3.8, 0.3);
+    const double glance = during(phase, 2.2, 3.8, 0.3);
     pet.eyes(Eyes::look(3 * glance, -2.5 * glance));
     pet.mouth(Mouth::smile);
-    const double waving = window(phase, 3.9, 5.7, 0.35);
+    const double waving = during(phase, 3.9, 5.7, 0.35);
     const Point root = pet.shoulder(Side::left);
     const Point waved{root.x - 12 + 5 * std::sin(9 * pet.t), pet.bob + 30};
-    const Point control = between({root.x - 12, pet.bob + 63}, {root.x - 10, pet.bob + 46}, waving);
-    pet.arm(Side::left, control, between({root.x + 2, pet.bob + 68}, waved, waving));
+    const Point control = mix({root.x - 12, pet.bob + 63}, {root.x - 10, pet.bob + 46}, waving);
+    pet.arm(Side::left, control, mix({root.x + 2, pet.bob + 68}, waved, waving));
 }
 
 } // namespace
 
 void planSign(PetPainter& pet, Sign manner) {
     constexpr double slot = 6;
-    const double phase = cycle(pet.t, slot);
-    const double settled = window(phase, 0, slot, 0.4);
+    const double phase = within(pet.t, slot);
+    const double settled = during(phase, 0, slot, 0.4);
     double lift = 0;
     if (manner == Sign::walking) {
         marcher(pet, phase);
@@ -105,14 +105,14 @@ double parcelRaised(const PetPainter& pet) {
     const SlotChoice now = pet.choose(2, every, salt);
     PetFrame before = pet;
     before.t = pet.t - now.phase - every / 2;
-    return between(before.choose(2, every, salt).index, now.index, ramp(now.phase, 0, 0.9));
+    return mix(before.choose(2, every, salt).index, now.index, between(now.phase, 0, 0.9));
 }
 
 } // namespace
 
 void presentParcel(PetPainter& pet) {
     const double raised = parcelRaised(pet);
-    const double offer = window(cycle(pet.t, 2.5), 0.4, 1.7, 0.35);
+    const double offer = during(within(pet.t, 2.5), 0.4, 1.7, 0.35);
     const double heave = 4 * raised * (1 - raised);
     pet.bob = -0.7 - 0.7 * std::sin(6 * pet.t) + 1.5 * raised - 2 * offer * (1 - raised);
     pet.squash = 2.5 * raised + 2 * heave;
@@ -120,20 +120,20 @@ void presentParcel(PetPainter& pet) {
     pet.legs(Legs::still);
     pet.shiftX = 1.2 * std::sin(3 * pet.t);
     pet.torso();
-    pet.eyes(offer > 0.5 ? Eyes::happy() : Eyes::look(0, between(2, -2, raised)));
+    pet.eyes(offer > 0.5 ? Eyes::happy() : Eyes::look(0, mix(2, -2, raised)));
     if (offer > 0.5 && raised > 0.5) {
         grin(pet);
     } else {
         pet.mouth(Mouth::smile);
     }
     const double head = pet.bob + 26 + pet.squash;
-    const Point center{50, between(79.5 + pet.bob, head - parcelHeight / 2 + 1, raised)};
+    const Point center{50, mix(79.5 + pet.bob, head - parcelHeight / 2 + 1, raised)};
     const double size = 1 + 0.1 * offer * (1 - raised);
     parcel(pet.scaled({50, 90}, size, size), center, 0.12 * std::sin(6 * pet.t));
     for (const Side side : {Side::left, Side::right}) {
         const double out = -inward(side);
-        const Point hand{50 + out * (parcelWidth / 2 + 0.5) * size, center.y + between(1, 5, raised)};
-        pet.arm(side, {50 + out * between(36, 44, raised), pet.bob + between(76, 38, raised)}, hand);
+        const Point hand{50 + out * (parcelWidth / 2 + 0.5) * size, center.y + mix(1, 5, raised)};
+        pet.arm(side, {50 + out * mix(36, 44, raised), pet.bob + mix(76, 38, raised)}, hand);
     }
 }
 

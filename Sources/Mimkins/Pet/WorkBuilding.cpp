@@ -26,7 +26,7 @@ Blow blowAt(double t) {
     constexpr double restsAt = 0.75;
     const double c = std::fmod(t, 0.7) / 0.7;
     if (c < fallsAt) {
-        const double lift = gently(c, 0, fallsAt);
+        const double lift = between(c, 0, fallsAt);
         return {mix(1, raised, lift), 0, -1};
     }
     if (c < restsAt) {
@@ -34,7 +34,7 @@ Blow blowAt(double t) {
         return {swing, falling(c, 0.68, restsAt), -1};
     }
     const double rest = (c - restsAt) / (1 - restsAt);
-    return {1, 1 - gently(rest, 0.3, 1), rest};
+    return {1, 1 - between(rest, 0.3, 1), rest};
 }
 
 void anvil(const PetPainter& pet) {
@@ -105,7 +105,7 @@ void cog(const PetPainter& pet, double angle, Point crank) {
 
 /// How high the hand is over the button: 0 pressing, 1 far up.
 double handHeight(double c) {
-    return gently(c, 0.1, 0.46) - falling(c, 0.56, 0.66);
+    return between(c, 0.1, 0.46) - falling(c, 0.56, 0.66);
 }
 
 void buttonOnBox(const PetPainter& pet, double pressed) {
@@ -121,8 +121,8 @@ void buttonOnBox(const PetPainter& pet, double pressed) {
 }
 
 void buttonRays(const PetPainter& pet, double c) {
-    const double grown = gently(c, 0.64, 0.84);
-    const double left = 1 - gently(c, 0.78, 1);
+    const double grown = between(c, 0.64, 0.84);
+    const double left = 1 - between(c, 0.78, 1);
     if (grown <= 0 || left <= 0) {
         return;
     }
@@ -174,7 +174,7 @@ void bigButton(PetPainter& pet) {
     const double c = std::fmod(pet.t, 1.1) / 1.1;
     const double height = handHeight(c);
     const double pressed = std::clamp(1 - 5 * height, 0.0, 1.0);
-    const double joy = pressed * (1 - gently(c, 0.02, 0.12) * (c < 0.5 ? 1.0 : 0.0));
+    const double joy = pressed * (1 - between(c, 0.02, 0.12) * (c < 0.5 ? 1.0 : 0.0));
     pet.shiftX = -12;
     pet.bob = 2 * pressed - 4 * height;
     pet.squash = 2.5 * pressed;

@@ -22,17 +22,17 @@ struct Throw {
 
 Throw throwAt(double t) {
     const double c = cycleOf(t, planeSeconds);
-    const double raise = gently(c, 0.06, 0.28);
-    const double back = gently(c, 0.3, 0.44);
+    const double raise = between(c, 0.06, 0.28);
+    const double back = between(c, 0.3, 0.44);
     const double forth = falling(c, 0.46, released);
-    const double rest = gently(c, 0.64, 0.9);
+    const double rest = between(c, 0.64, 0.9);
     Throw now;
     now.hand = mix({69, 70}, {73, 47}, raise);
     now.hand = mix(now.hand, {67, 37}, back);
     now.hand = mix(now.hand, {81, 42}, forth);
     now.hand = mix(now.hand, {69, 70}, rest);
     now.flight = std::max((c - released) / (1 - released), 0.0);
-    now.held = gently(c, 0.02, 0.14);
+    now.held = between(c, 0.02, 0.14);
     now.lean = -back * (1 - forth) + forth * (1 - rest);
     return now;
 }
@@ -58,8 +58,8 @@ void flyingPlane(const PetPainter& pet, double f) {
     const double eased = 1 - (1 - f) * (1 - f);
     const Point at = flightPath(eased);
     const Point before = flightPath(std::max(eased - 0.25, 0.0));
-    const double left = 1 - gently(f, 0.75, 1);
-    pet.faded(0.6 * left * gently(f, 0.05, 0.2)).line({before, mix(before, at, 0.5)}, pet.colors.accent, 2);
+    const double left = 1 - between(f, 0.75, 1);
+    pet.faded(0.6 * left * between(f, 0.05, 0.2)).line({before, mix(before, at, 0.5)}, pet.colors.accent, 2);
     edgedPlane(pet.faded(left), at, mix(1.7, 0.7, eased), -0.15 - 0.9 * eased);
 }
 
@@ -92,7 +92,7 @@ void planes(PetPainter& pet) {
     pet.shiftX = -14 + 3 * now.lean;
     pet.bob = -1.2 * std::fabs(now.lean);
     const bool flies = now.flight > 0 && now.flight < 0.9;
-    const double up = flies ? -4 * gently(now.flight, 0, 0.7) * (1 - gently(now.flight, 0.7, 0.9)) : 0;
+    const double up = flies ? -4 * between(now.flight, 0, 0.7) * (1 - between(now.flight, 0.7, 0.9)) : 0;
     pet.standing(Legs::still, Eyes::look(2.8, up), flies && now.flight < 0.4 ? Mouth::open : Mouth::smile);
     pet.armDown(Side::left, -3 * now.lean);
     const PetPainter stage = unshifted(pet);

@@ -1,14 +1,19 @@
 #pragma once
 
 #include "Pet/PetPainter.h"
+#include "Pet/PropColors.h"
+#include "Pet/Tempo.h"
 
 #include <algorithm>
 
 /// What the scenes of work share: their clockwork, and the colours of their tools.
 namespace mimkins::work {
 
-inline constexpr Color brown{0.55, 0.38, 0.22};
-inline constexpr Color darkBrown{0.36, 0.23, 0.13};
+using prop::brown;
+using prop::darkBrown;
+using tempo::between;
+using tempo::mix;
+
 inline constexpr Color straw{0.93, 0.75, 0.38};
 inline constexpr Color parchment{0.97, 0.92, 0.78};
 inline constexpr Color steel = Color::grey(0.42);
@@ -21,24 +26,10 @@ inline double cycleOf(double t, double seconds) {
     return fraction(t / seconds);
 }
 
-/// 0 below `from`, 1 above `to`, and between them a move that starts and ends gently.
-inline double gently(double value, double from, double to) {
-    const double x = std::clamp((value - from) / (to - from), 0.0, 1.0);
-    return x * x * (3 - 2 * x);
-}
-
 /// 0 below `from`, 1 above `to`, and between them a fall that gets faster.
 inline double falling(double value, double from, double to) {
     const double x = std::clamp((value - from) / (to - from), 0.0, 1.0);
     return x * x;
-}
-
-constexpr double mix(double from, double to, double share) {
-    return from + (to - from) * share;
-}
-
-constexpr Point mix(Point from, Point to, double share) {
-    return {mix(from.x, to.x, share), mix(from.y, to.y, share)};
 }
 
 /// The same painter with its things in their places, however the pet moves.

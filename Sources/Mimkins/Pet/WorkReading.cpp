@@ -48,10 +48,10 @@ struct Unrolled {
 
 Unrolled unrolledAt(double t) {
     const double c = cycleOf(t, scrollSeconds);
-    const double down = 0.35 * gently(c, 0, 0.12) + 0.65 * gently(c, 0.12, 0.5);
-    const double up = gently(c, 0.86, 0.92);
-    const double bounce = 0.12 * std::sin(std::numbers::pi * gently(c, 0.92, 1));
-    return {8 + 15 * (down * (1 - up) + bounce), gently(c, 0.86, 0.89) * (1 - gently(c, 0.96, 1))};
+    const double down = 0.35 * between(c, 0, 0.12) + 0.65 * between(c, 0.12, 0.5);
+    const double up = between(c, 0.86, 0.92);
+    const double bounce = 0.12 * std::sin(std::numbers::pi * between(c, 0.92, 1));
+    return {8 + 15 * (down * (1 - up) + bounce), between(c, 0.86, 0.89) * (1 - between(c, 0.96, 1))};
 }
 
 void rod(const PetPainter& pet, double y, double thickness) {
@@ -65,7 +65,7 @@ void parchmentSheet(const PetPainter& pet, double length, double wound) {
     edgedBox(pet, {32, top, 36, length + 1}, 0, parchment, 0.9);
     constexpr double spacing = 5;
     for (double y = 5.5; y < 28; y += spacing) {
-        const double shown = gently(length, y, y + 3);
+        const double shown = between(length, y, y + 3);
         if (shown > 0) {
             const double width = std::fmod(y * 7, 11.0);
             pet.faded(shown).line({{37, top + y}, {63 - width, top + y}}, brown, 1.7);
@@ -79,7 +79,7 @@ void parchmentSheet(const PetPainter& pet, double length, double wound) {
 
 void book(PetPainter& pet) {
     const double c = cycleOf(pet.t, 2.6);
-    const double turned = gently(c, 0.66, 0.96);
+    const double turned = between(c, 0.66, 0.96);
     const double lift = std::sin(std::numbers::pi * turned);
     pet.bob = 0.7 * std::sin(1.5 * pet.t);
     pet.standing(Legs::still, Eyes::look(2.5 * std::sin(1.6 * pet.t), 3), Mouth::smile);
@@ -98,7 +98,7 @@ void scroll(PetPainter& pet) {
     pet.bob = -2.5 * now.surprise;
     const double reading = cycleOf(pet.t, scrollSeconds / 4);
     const double scan =
-        reading < 0.8 ? mix(-2.5, 2.5, reading / 0.8) : mix(2.5, -2.5, gently(reading, 0.8, 1));
+        reading < 0.8 ? mix(-2.5, 2.5, reading / 0.8) : mix(2.5, -2.5, between(reading, 0.8, 1));
     pet.standing(
         Legs::still, now.surprise > 0.3 ? Eyes::wide() : Eyes::look(scan, 3),
         now.surprise > 0.3 ? Mouth::small : Mouth::flat

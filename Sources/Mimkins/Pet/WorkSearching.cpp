@@ -15,7 +15,7 @@ double glidingGlance(double t) {
     constexpr std::array<double, 4> offsets{-2.5, 0, 2.5, 0};
     const double step = std::floor(t / 1.3);
     const auto index = static_cast<std::size_t>(step - 4 * std::floor(step / 4));
-    return mix(offsets[(index + 3) % 4], offsets[index], gently(t - 1.3 * step, 0, 0.4));
+    return mix(offsets[(index + 3) % 4], offsets[index], between(t - 1.3 * step, 0, 0.4));
 }
 
 bool blinks(const PetPainter& pet) {

@@ -53,11 +53,11 @@ Idea ideaAt(const PetPainter& pet) {
     const double comes = 3 + 2 * choice.index;
     const double since = choice.phase - comes;
     // A first flicker that comes to nothing, and then the idea.
-    const double flicker = 0.35 * gently(since, -1, -0.9) * (1 - gently(since, -0.8, -0.65));
-    const double fading = 1 - gently(choice.phase, ideaEnds - 0.5, ideaEnds);
+    const double flicker = 0.35 * between(since, -1, -0.9) * (1 - between(since, -0.8, -0.65));
+    const double fading = 1 - between(choice.phase, ideaEnds - 0.5, ideaEnds);
     return {
-        choice.phase < ideaEnds ? since : -1, flicker + gently(since, 0, 0.12) * fading,
-        gently(since, 0.05, 0.35) * fading};
+        choice.phase < ideaEnds ? since : -1, flicker + between(since, 0, 0.12) * fading,
+        between(since, 0.05, 0.35) * fading};
 }
 
 Color blend(const Color& from, const Color& to, double share) {
@@ -156,7 +156,7 @@ void pace(PetPainter& pet) {
 void lightbulb(PetPainter& pet) {
     const Idea idea = ideaAt(pet);
     pet.squash = 3 * (1 - idea.raised);
-    pet.bob = 2 + 0.6 * std::sin(1.2 * pet.t) - 3 * std::sin(std::numbers::pi * gently(idea.since, 0, 0.5));
+    pet.bob = 2 + 0.6 * std::sin(1.2 * pet.t) - 3 * std::sin(std::numbers::pi * between(idea.since, 0, 0.5));
     pet.standing(Legs::still, thinkingEyes(pet, idea.since), thinkingMouth(idea.since));
     thinkingArms(pet, mix(0.8, 2, idea.raised) * std::sin(3.6 * pet.t), idea.raised);
     const Point center{50, 10.5 + 0.7 * std::sin(2 * pet.t)};

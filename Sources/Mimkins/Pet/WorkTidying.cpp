@@ -120,8 +120,8 @@ void vacuum(PetPainter& pet) {
     const double push = std::sin(3 * pet.t);
     pet.shiftX = -2 + 1.5 * std::sin(1.3 * pet.t);
     pet.bob = 0.5 * std::sin(6 * pet.t);
-    const double swallowed = gently(c, 0.46, 0.52);
-    const double arrives = gently(c, 0.84, 0.89) * (1 - gently(c, 0.9, 1));
+    const double swallowed = between(c, 0.46, 0.52);
+    const double arrives = between(c, 0.84, 0.89) * (1 - between(c, 0.9, 1));
     const Point nozzle{77 + 4 * push, 88};
     const Hose hose{
         {canister.x + 8, canister.y - 3}, {48, 102}, {70 + 2 * push, 63 + pet.bob}, {nozzle.x, nozzle.y - 1}};
@@ -133,14 +133,14 @@ void vacuum(PetPainter& pet) {
     pet.mouth(Mouth::smile);
     canisterBody(floor, arrives + 0.12 * (1 + std::sin(6 * pet.t)));
     specks(floor, nozzle);
-    const double size = gently(c, 0, 0.12) * (1 - swallowed);
+    const double size = between(c, 0, 0.12) * (1 - swallowed);
     if (size > 0) {
         const Point at = mix({89.5, 86}, {nozzle.x + 4, 87}, falling(c, 0.36, 0.5));
-        dustBunny(floor, {at.x + 0.5 * std::sin(20 * pet.t), at.y}, 1.15 * size, gently(c, 0.2, 0.4));
+        dustBunny(floor, {at.x + 0.5 * std::sin(20 * pet.t), at.y}, 1.15 * size, between(c, 0.2, 0.4));
     }
     hoseAndWand(floor, hose);
     if (c > 0.46 && c < 0.86) {
-        floor.disc(along(hose, (c - 0.46) / 0.4), 4.6 * gently(c, 0.46, 0.52), Color::grey(0.32));
+        floor.disc(along(hose, (c - 0.46) / 0.4), 4.6 * between(c, 0.46, 0.52), Color::grey(0.32));
     }
     pet.armsOnHipsLeftOnly();
     armTo(pet, Side::right, {84, 70}, hose.hand);

@@ -37,7 +37,7 @@ void broadHand(const PetPainter& pet, Point palm) {
 
 void scratchHead(PetPainter& pet) {
     const double c = std::fmod(pet.t, 1.1) / 1.1;
-    const double busy = gently(c, 0, 0.15) * (1 - gently(c, 0.62, 0.85));
+    const double busy = between(c, 0, 0.15) * (1 - between(c, 0.62, 0.85));
     const double scratch = std::sin(14 * pet.t) * busy;
     pet.bob = 1.5 + 0.4 * scratch;
     pet.squash = 1.5 * busy;
@@ -57,9 +57,9 @@ void scratchHead(PetPainter& pet) {
 
 void facepalm(PetPainter& pet) {
     const double c = std::fmod(pet.t, 2.5) / 2.5;
-    const double away = gently(c, 0.86, 0.97) * (1 - falling(c, 0.97, 1));
-    const double hit = 1 - gently(c, 0, 0.22);
-    const double shake = std::sin(2 * std::numbers::pi * 3 * gently(c, 0.25, 0.8));
+    const double away = between(c, 0.86, 0.97) * (1 - falling(c, 0.97, 1));
+    const double hit = 1 - between(c, 0, 0.22);
+    const double shake = std::sin(2 * std::numbers::pi * 3 * between(c, 0.25, 0.8));
     pet.shiftX = 2 * shake;
     pet.squash = 2.5 + 2 * hit * (1 - away);
     pet.bob = 2 + 0.8 * std::sin(1.5 * pet.t);

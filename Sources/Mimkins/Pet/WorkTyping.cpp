@@ -50,14 +50,14 @@ Writing writingAt(double t) {
         writing.done[row] = std::clamp((share - returnShare) / (1 - returnShare), 0.0, 1.0);
         if (share >= 0) {
             const Point from{row == 0 ? rowStart : rowEnd, rows[row == 0 ? 0 : row - 1]};
-            const Point start = mix(from, {rowStart, rows[row]}, gently(share, 0, returnShare));
+            const Point start = mix(from, {rowStart, rows[row]}, between(share, 0, returnShare));
             const double wiggle = 1.6 * std::sin(28 * writing.done[row]);
             writing.tip = {mix(start.x, rowEnd, writing.done[row]), start.y + wiggle};
         }
     }
-    writing.turned = gently(c, 0.84, 0.94);
+    writing.turned = between(c, 0.84, 0.94);
     const Point home{rowStart, rows[0]};
-    writing.tip = mix(writing.tip, home, gently(c, 0.86, 1));
+    writing.tip = mix(writing.tip, home, between(c, 0.86, 1));
     return writing;
 }
 

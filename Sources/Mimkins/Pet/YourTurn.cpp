@@ -25,7 +25,7 @@ void twinkle(const PetPainter& pet) {
 
 void celebrate(PetPainter& pet) {
     constexpr double length = 0.9;
-    const Hop now = hop(cycle(pet.t, length) / length);
+    const Hop now = hop(within(pet.t, length) / length);
     leap(pet, now, 13);
     pet.shadow();
     twinkle(pet);
@@ -69,7 +69,7 @@ void holdingEnvelope(PetPainter& pet) {
     pet.legs(Legs::still);
     pet.shiftX = 0.6 * std::sin(3 * pet.t - 1);
     pet.torso();
-    const double glance = window(cycle(pet.t, 5), 0.5, 2, 0.25);
+    const double glance = during(within(pet.t, 5), 0.5, 2, 0.25);
     pet.eyes(Eyes::look(2.8 * glance, -2.5 * glance));
     pet.mouth(Mouth::smile);
     pet.armsOnHipsLeftOnly();
@@ -95,14 +95,14 @@ void letter(const PetPainter& pet, Point center) {
 /// From -1 to 1 along a line, then quickly back to its start.
 double scanning(double t) {
     const double share = fraction(t / 1.6);
-    return share < 0.82 ? -1 + 2 * share / 0.82 : 1 - 2 * ramp(share, 0.82, 1);
+    return share < 0.82 ? -1 + 2 * share / 0.82 : 1 - 2 * between(share, 0.82, 1);
 }
 
 } // namespace
 
 void readingLetter(PetPainter& pet) {
-    const double phase = cycle(pet.t, 6.4);
-    const double touched = window(phase, 4.2, 6.2, 0.3);
+    const double phase = within(pet.t, 6.4);
+    const double touched = during(phase, 4.2, 6.2, 0.3);
     sit(pet, std::sin(1.4 * pet.t));
     pet.shadow();
     pet.legs(Legs::tucked);
@@ -124,8 +124,8 @@ namespace {
 
 /// A mouth that opens from a line (0) to a great yawn (1).
 void yawningMouth(const PetPainter& pet, double open) {
-    const double width = between(7, 15, open);
-    const double height = between(2.2, 17, open);
+    const double width = mix(7, 15, open);
+    const double height = mix(2.2, 17, open);
     const Point center{50, pet.mouthLine() + 2 * open};
     pet.ellipse(center.x - width / 2, center.y - height / 2, width, height, pet.colors.ink);
     pet.ellipse(
@@ -137,9 +137,9 @@ void yawningMouth(const PetPainter& pet, double open) {
 } // namespace
 
 void yawnSitting(PetPainter& pet) {
-    const double phase = cycle(pet.t, 6);
-    const double yawn = window(phase, 1, 4.2, 0.9);
-    const double nodding = window(cycle(pet.t + 1.4, 6), 0, 2.4, 0.9);
+    const double phase = within(pet.t, 6);
+    const double yawn = during(phase, 1, 4.2, 0.9);
+    const double nodding = during(within(pet.t + 1.4, 6), 0, 2.4, 0.9);
     sit(pet, 0.5 * std::sin(1.5 * pet.t) + 3.5 * yawn - 4 * nodding);
     pet.shadow();
     pet.legs(Legs::tucked);
@@ -147,13 +147,13 @@ void yawnSitting(PetPainter& pet) {
     pet.torso();
     yawn > 0.35 || nodding > 0.9 ? pet.eyes(Eyes::closed()) : sleepyEyes(pet, 0);
     yawningMouth(pet, yawn);
-    const double tremble = 0.7 * std::sin(18 * pet.t) * window(phase, 2, 3.4, 0.4);
+    const double tremble = 0.7 * std::sin(18 * pet.t) * during(phase, 2, 3.4, 0.4);
     const Point stretched{11 + tremble, 27};
-    pet.arm(Side::left, {between(16, 8, yawn), between(75, 50, yawn)}, between({21, 82}, stretched, yawn));
+    pet.arm(Side::left, {mix(16, 8, yawn), mix(75, 50, yawn)}, mix({21, 82}, stretched, yawn));
     const double pat = 1.5 * std::sin(8 * pet.t) * yawn;
     const Point covering{63, pet.mouthLine() + 3 + pat};
-    pet.arm(Side::right, {between(82, 90, yawn), between(75, 80, yawn)}, between({79, 82}, covering, yawn));
-    pet.faded(ramp(phase, 2.4, 3) - ramp(phase, 4, 4.6)).sweatDrop(33, pet.eyeLine() + 12);
+    pet.arm(Side::right, {mix(82, 90, yawn), mix(75, 80, yawn)}, mix({79, 82}, covering, yawn));
+    pet.faded(between(phase, 2.4, 3) - between(phase, 4, 4.6)).sweatDrop(33, pet.eyeLine() + 12);
 }
 
 } // namespace mimkins::scene
