@@ -1,6 +1,7 @@
 #include "DemoProcesses.h"
 
 #include "Base/Error.h"
+#include "Platform/Linux/SpawnSetup.h"
 #include "Platform/Linux/SystemCall.h"
 
 #include <signal.h>
@@ -127,39 +128,18 @@ private:
 }
 
 /// What a tool starts with, apart from its words.
-class ToolSetup {
-public:
-    ToolSetup(const std::string& folder, int input) {
-        ::posix_spawn_file_actions_init(&actions_);
-        ::posix_spawn_file_actions_adddup2(&actions_, input, STDIN_FILENO);
-        ::posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        ::posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-        ::posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
-        ::posix_spawnattr_init(&attributes_);
-        sigset_t signals;
-        ::sigemptyset(&signals);
-        ::posix_spawnattr_setsigmask(&attributes_, &signals);
-        // A group of its own, so that an interrupt from the terminal lets it come to its end.
-        ::posix_spawnattr_setpgroup(&attributes_, 0);
-        ::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETPGROUP);
-    }
-
-    ToolSetup(const ToolSetup&) = delete;
-    ToolSetup& operator=(const ToolSetup&) = delete;
-
-    ~ToolSetup() {
-        ::posix_spawn_file_actions_destroy(&actions_);
-        ::posix_spawnattr_destroy(&attributes_);
-    }
-
-    const posix_spawn_file_actions_t* actions() const { return &actions_; }
-
-    const posix_spawnattr_t* attributes() const { return &attributes_; }
-
-private:
-    posix_spawn_file_actions_t actions_{};
-    posix_spawnattr_t attributes_{};
-};
+void prepareTool(SpawnSetup& setup, const std::string& folder, int input) {
+    ::posix_spawn_file_actions_adddup2(&setup.actions, input, STDIN_FILENO);
+    ::posix_spawn_file_actions_addopen(&setup.actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    ::posix_spawn_file_actions_addopen(&setup.actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    ::posix_spawn_file_actions_addchdir_np(&setup.actions, folder.c_str());
+    sigset_t signals;
+    ::sigemptyset(&signals);
+    ::posix_spawnattr_setsigmask(&setup.attributes, &signals);
+    // A group of its own, so that an interrupt from the terminal lets it come to its end.
+    ::posix_spawnattr_setpgroup(&setup.attributes, 0);
+    ::posix_spawnattr_setflags(&setup.attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETPGROUP);
+}
 
 /// Writes all of it. A tool that doesn't want to read is none of our business.
 void feed(int descriptor, std::string_view bytes) {
@@ -222,10 +202,11 @@ int runTool(const ToolCall& call) {
     for (const auto& [name, value] : call.environment) {
         environment.push_back(name + "=" + value);
     }
-    const ToolSetup setup(call.folder, readingEnd.get());
+    SpawnSetup setup;
+    prepareTool(setup, call.folder, readingEnd.get());
     pid_t tool = -1;
     const int failure = ::posix_spawn(
-        &tool, words.front().c_str(), setup.actions(), setup.attributes(), pointers(words).data(),
+        &tool, words.front().c_str(), &setup.actions, &setup.attributes, pointers(words).data(),
         pointers(environment).data()
     );
     if (failure != 0) {

@@ -2,6 +2,7 @@
 
 #include "Base/Text.h"
 #include "Platform/Linux/FileDescriptor.h"
+#include "Platform/Linux/SpawnSetup.h"
 
 #include <poll.h>
 #include <signal.h>
@@ -62,41 +63,20 @@ std::vector<char*> pointers(std::vector<std::string>& words) {
 }
 
 /// What a new process starts with, apart from its words: its descriptors, and nothing of our signals.
-class SpawnSetup {
-public:
-    explicit SpawnSetup(int output) {
-        ::posix_spawn_file_actions_init(&actions_);
-        ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-        ::posix_spawn_file_actions_adddup2(&actions_, output, STDOUT_FILENO);
-        ::posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-        ::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
-        ::posix_spawnattr_init(&attributes_);
-        sigset_t signals;
-        ::sigemptyset(&signals);
-        ::posix_spawnattr_setsigmask(&attributes_, &signals);
-        ::sigfillset(&signals);
-        ::posix_spawnattr_setsigdefault(&attributes_, &signals);
-        ::posix_spawnattr_setpgroup(&attributes_, 0);
-        constexpr int flags = POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
-        ::posix_spawnattr_setflags(&attributes_, flags);
-    }
-
-    SpawnSetup(const SpawnSetup&) = delete;
-    SpawnSetup& operator=(const SpawnSetup&) = delete;
-
-    ~SpawnSetup() {
-        ::posix_spawn_file_actions_destroy(&actions_);
-        ::posix_spawnattr_destroy(&attributes_);
-    }
-
-    const posix_spawn_file_actions_t* actions() const { return &actions_; }
-
-    const posix_spawnattr_t* attributes() const { return &attributes_; }
-
-private:
-    posix_spawn_file_actions_t actions_{};
-    posix_spawnattr_t attributes_{};
-};
+void prepareGit(SpawnSetup& setup, int output) {
+    ::posix_spawn_file_actions_addopen(&setup.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    ::posix_spawn_file_actions_adddup2(&setup.actions, output, STDOUT_FILENO);
+    ::posix_spawn_file_actions_addopen(&setup.actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    ::posix_spawn_file_actions_addclosefrom_np(&setup.actions, STDERR_FILENO + 1);
+    sigset_t signals;
+    ::sigemptyset(&signals);
+    ::posix_spawnattr_setsigmask(&setup.attributes, &signals);
+    ::sigfillset(&signals);
+    ::posix_spawnattr_setsigdefault(&setup.attributes, &signals);
+    ::posix_spawnattr_setpgroup(&setup.attributes, 0);
+    constexpr int flags = POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
+    ::posix_spawnattr_setflags(&setup.attributes, flags);
+}
 
 /// A process in a group of its own, and the reading end of its output. Nothing of the group outlives the
 /// object.
@@ -110,10 +90,11 @@ public:
         output_ = FileDescriptor(ends[0]);
         const FileDescriptor writingEnd(ends[1]);
         ::fcntl(output_.get(), F_SETFL, O_NONBLOCK);
-        const SpawnSetup setup(writingEnd.get());
+        SpawnSetup setup;
+        prepareGit(setup, writingEnd.get());
         std::vector<std::string> settings{"GIT_OPTIONAL_LOCKS=0", "PATH=/usr/bin:/bin"};
         if (::posix_spawn(
-                &pid_, words.front().c_str(), setup.actions(), setup.attributes(), pointers(words).data(),
+                &pid_, words.front().c_str(), &setup.actions, &setup.attributes, pointers(words).data(),
                 pointers(settings).data()
             ) != 0) {
             pid_ = -1;
