@@ -1,5 +1,7 @@
 #include "CairoCanvas.h"
 
+#include <cmath>
+
 namespace mimkins {
 
 namespace {
@@ -38,8 +40,11 @@ void addStops(cairo_pattern_t* pattern, const Gradient& gradient, ColorScheme sc
 
 } // namespace
 
-void CairoCanvas::begin(const Path& path, const Shading& shading, const DrawingState& state) {
+bool CairoCanvas::begin(const Path& path, const Shading& shading, const DrawingState& state) {
     const Transform& map = state.transform;
+    if (std::abs(map.a * map.d - map.b * map.c) < 1e-12) {
+        return false; // a matrix that flattens everything stops cairo for good
+    }
     cairo_matrix_t matrix;
     cairo_matrix_init(&matrix, map.a, map.b, map.c, map.d, map.tx, map.ty);
     cairo_set_matrix(cairo_, &matrix);
@@ -48,7 +53,7 @@ void CairoCanvas::begin(const Path& path, const Shading& shading, const DrawingS
     if (const auto* plain = std::get_if<Color>(&shading)) {
         const Color color = plain->resolved(scheme_);
         cairo_set_source_rgba(cairo_, color.red, color.green, color.blue, color.opacity * state.opacity);
-        return;
+        return true;
     }
     cairo_pattern_t* pattern = nullptr;
     if (const auto* linear = std::get_if<LinearGradient>(&shading)) {
@@ -65,17 +70,21 @@ void CairoCanvas::begin(const Path& path, const Shading& shading, const DrawingS
         cairo_set_source(cairo_, pattern);
         cairo_pattern_destroy(pattern);
     }
+    return true;
 }
 
 void CairoCanvas::fill(const Path& path, const Shading& shading, const DrawingState& state) {
-    begin(path, shading, state);
-    cairo_fill(cairo_);
+    if (begin(path, shading, state)) {
+        cairo_fill(cairo_);
+    }
 }
 
 void CairoCanvas::stroke(
     const Path& path, const Shading& shading, const StrokeStyle& style, const DrawingState& state
 ) {
-    begin(path, shading, state);
+    if (!begin(path, shading, state)) {
+        return;
+    }
     cairo_set_line_width(cairo_, style.width);
     cairo_set_line_cap(cairo_, style.cap == LineCap::round ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
     cairo_set_line_join(

@@ -20,7 +20,8 @@ public:
     void draw(const TextRun& text, Point center, const DrawingState& state) override;
 
 private:
-    void begin(const Path& path, const Shading& shading, const DrawingState& state);
+    /// False if nothing can be seen of it.
+    bool begin(const Path& path, const Shading& shading, const DrawingState& state);
 
     cairo_t* cairo_;
     ColorScheme scheme_;
