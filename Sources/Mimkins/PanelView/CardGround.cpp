@@ -1,5 +1,6 @@
 #include "PanelView/CardGround.h"
 
+#include "Base/Perf.h"
 #include "Drawing/Qt/Conversions.h"
 #include "PanelView/Chip.h"
 #include "Presentation/MoodTint.h"
@@ -51,7 +52,7 @@ void drawCardGround(
     const PetTheme& theme = *look.theme;
     const Color& mood = tint(theme, row.mood);
     const QPainterPath shape = cardShape(card, theme.radius);
-    if (!row.waiting && theme.cardShadow.opacity > 0) {
+    if (!row.waiting && theme.cardShadow.opacity > 0 && !perf::off().contains("shadow")) {
         drawShadow(painter, card, theme);
     }
     painter.fillPath(shape, qt::color(theme.cardBase));

@@ -1,5 +1,6 @@
 #include "PanelView/PanelView.h"
 
+#include "Base/Perf.h"
 #include "Drawing/Qt/Scheme.h"
 #include "NextUp/OpenSession.h"
 #include "Presentation/SessionPet.h"
@@ -189,7 +190,7 @@ void PanelView::animate() {
     header_->setNow(now);
     if (mode_ == DrawerMode::sweep) {
         sweep_->animate(now);
-    } else {
+    } else if (!perf::off().contains("pets")) {
         list_->animate(now, frame_++);
     }
 }
