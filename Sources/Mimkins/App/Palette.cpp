@@ -1,6 +1,7 @@
 #include "App/Palette.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -57,7 +58,7 @@ struct Cluster {
     }
 
     QRgb color() const {
-        const auto whole = [this](int index) { return static_cast<int>(mean(index) + 0.5); };
+        const auto whole = [this](int index) { return static_cast<int>(std::lround(mean(index))); };
         return qRgb(whole(0), whole(1), whole(2));
     }
 

@@ -1,5 +1,6 @@
 #include "Drawing/RasterCanvas.h"
 
+#include "Drawing/Rounding.h"
 #include "Drawing/ShadingSpans.h"
 
 #include <cmath>
@@ -43,7 +44,7 @@ void blend(std::uint32_t& target, std::uint32_t source, float coverage) {
     if (coverage <= 1.0F / 512) {
         return;
     }
-    const auto part = static_cast<std::uint32_t>(coverage * 256 + 0.5F);
+    const auto part = nearestWhole(coverage * 256);
     const std::uint32_t covered = part >= 256 ? source : times(source, part);
     const std::uint32_t alpha = covered >> 24;
     target = alpha == 255 ? covered : covered + times(target, 256 - (alpha + (alpha >> 7)));

@@ -1,5 +1,7 @@
 #include "Drawing/ShadingSpans.h"
 
+#include "Drawing/Rounding.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -40,7 +42,7 @@ std::optional<Transform> alongLine(const LinearGradient& linear) {
 } // namespace
 
 std::uint32_t ShadingSpans::packed(const Stop& stop) {
-    const auto byte = [](float value) { return static_cast<std::uint32_t>(value * 255 + 0.5F); };
+    const auto byte = [](float value) { return nearestWhole(value * 255); };
     return byte(stop.alpha) << 24 | byte(stop.red) << 16 | byte(stop.green) << 8 | byte(stop.blue);
 }
 

@@ -373,7 +373,7 @@ void SessionList::resizeEvent(QResizeEvent* event) {
 bool SessionList::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
         const auto* card = dynamic_cast<CardView*>(watched);
-        if (card == nullptr) {
+        if (card == nullptr && watched != nullptr) {
             card = dynamic_cast<CardView*>(watched->parent()); // of its button
         }
         if (card != nullptr) {

@@ -62,8 +62,7 @@ Path fromPainterPath(const QPainterPath& source, double scale) {
 } // namespace
 
 const Path& QtGlyphOutlines::outline(const TextRun& text) {
-    const auto key = std::tuple(text.text, text.weight, text.design);
-    const auto found = kept_.find(key);
+    const auto found = kept_.find(KeyView(text.text, text.weight, text.design));
     if (found != kept_.end()) {
         return found->second;
     }

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <tuple>
 
 namespace mimkins {
@@ -18,8 +19,16 @@ public:
 
 private:
     using Key = std::tuple<std::string, FontWeight, FontDesign>;
+    using KeyView = std::tuple<std::string_view, FontWeight, FontDesign>;
 
-    std::map<Key, Path, std::less<>> kept_;
+    /// Finds a text without copying it.
+    struct Order {
+        using is_transparent = void;
+
+        bool operator()(const KeyView& left, const KeyView& right) const { return left < right; }
+    };
+
+    std::map<Key, Path, Order> kept_;
 };
 
 } // namespace mimkins
