@@ -190,15 +190,23 @@ TEST(EdgePath, IsRoundedOnTheLeftAloneAndInset) {
     EXPECT_NEAR(left, 2, 1e-9);
     EXPECT_NEAR(right, 98, 1e-9);
     EXPECT_EQ(shape.elements().front().a, (Point{98, 2}));
-    std::size_t arcs = 0;
+    // A continuous corner begins earlier than an arc does, and its middle is the arc's.
+    std::size_t corners = 0;
+    Point from;
     for (const PathElement& element : shape.elements()) {
-        if (element.kind == PathElement::Kind::arc) {
-            ++arcs;
-            EXPECT_EQ(element.c.x, 16);
-            EXPECT_EQ(element.a.x, 18);
+        if (element.kind == PathElement::Kind::cubic) {
+            ++corners;
+            const Point middle{
+                (from.x + 3 * element.b.x + 3 * element.c.x + element.a.x) / 8,
+                (from.y + 3 * element.b.y + 3 * element.c.y + element.a.y) / 8};
+            const double away = 16 * (1 - 1 / std::numbers::sqrt2);
+            EXPECT_NEAR(middle.x, 2 + away, 1e-9);
+            EXPECT_NEAR(std::min(middle.y, 60 - middle.y), 2 + away, 1e-9);
+            EXPECT_NEAR(std::max(from.x, element.a.x), 2 + 1.45 * 16, 1e-9);
         }
+        from = element.a;
     }
-    EXPECT_EQ(arcs, 2U);
+    EXPECT_EQ(corners, 2U);
 }
 
 } // namespace

@@ -45,6 +45,9 @@ public:
     static Path ellipse(const Rect& rect);
     /// The radius is cut to half the shorter side.
     static Path roundedRect(const Rect& rect, double radius, CornerStyle corners = CornerStyle::circular);
+    /// A rectangle of which the two corners on the left are continuous ones and the two on the right square,
+    /// as of something that hugs the right edge of a screen.
+    static Path leftRoundedRect(const Rect& rect, double radius);
     static Path polyline(std::initializer_list<Point> points);
     static Path polygon(std::initializer_list<Point> points);
 

@@ -147,4 +147,22 @@ void appendCurves(Path& curves, const PathElement& element) {
     }
 }
 
+Path Path::leftRoundedRect(const Rect& rect, double radius) {
+    const CornerShape shape =
+        cornerShape(CornerStyle::continuous, radius, std::fmin(2 * rect.width, rect.height));
+    const double begin = radius * shape.begin;
+    const double control = radius * shape.control;
+    Path path;
+    path.move({rect.maxX(), rect.y});
+    path.addLine({rect.x + begin, rect.y});
+    path.addCurve({rect.x, rect.y + begin}, {rect.x + control, rect.y}, {rect.x, rect.y + control});
+    path.addLine({rect.x, rect.maxY() - begin});
+    path.addCurve(
+        {rect.x + begin, rect.maxY()}, {rect.x, rect.maxY() - control}, {rect.x + control, rect.maxY()}
+    );
+    path.addLine({rect.maxX(), rect.maxY()});
+    path.closeSubpath();
+    return path;
+}
+
 } // namespace mimkins

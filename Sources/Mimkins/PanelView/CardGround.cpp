@@ -2,6 +2,7 @@
 
 #include "Base/Perf.h"
 #include "Drawing/Qt/Conversions.h"
+#include "Drawing/Qt/Shapes.h"
 #include "PanelView/Chip.h"
 #include "Presentation/MoodTint.h"
 
@@ -21,37 +22,31 @@ void strokeInside(QPainter& painter, const QRectF& card, double radius, const QC
     const double half = width / 2;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(color, width));
-    painter.drawRoundedRect(card.adjusted(half, half, -half, -half), radius - half, radius - half);
+    painter.drawPath(roundedShape(card.adjusted(half, half, -half, -half), radius - half));
 }
 
 void drawShadow(QPainter& painter, const QRectF& card, const PetTheme& theme) {
     QPainterPath outside;
     outside.addRect(card.adjusted(-2 * shadowSteps, -2 * shadowSteps, 2 * shadowSteps, 2 * shadowSteps));
     painter.save();
-    painter.setClipPath(outside.subtracted(cardShape(card, theme.radius)));
+    painter.setClipPath(outside.subtracted(roundedShape(card, theme.radius)));
     painter.setPen(Qt::NoPen);
     painter.setBrush(qt::color(theme.cardShadow.faded(1.0 / shadowSteps)));
     for (int step = 1; step <= shadowSteps; ++step) {
         const QRectF halo = card.adjusted(-step, -step, step, step).translated(0, 2);
-        painter.drawRoundedRect(halo, theme.radius + step, theme.radius + step);
+        painter.drawPath(roundedShape(halo, theme.radius + step));
     }
     painter.restore();
 }
 
 } // namespace
 
-QPainterPath cardShape(const QRectF& card, double radius) {
-    QPainterPath path;
-    path.addRoundedRect(card, radius, radius);
-    return path;
-}
-
 void drawCardGround(
     QPainter& painter, const QRectF& card, const CardRow& row, const CardLook& look, CardStates states
 ) {
     const PetTheme& theme = *look.theme;
     const Color& mood = tint(theme, row.mood);
-    const QPainterPath shape = cardShape(card, theme.radius);
+    const QPainterPath shape = roundedShape(card, theme.radius);
     if (!row.waiting && theme.cardShadow.opacity > 0 && !perf::off().contains("shadow")) {
         drawShadow(painter, card, theme);
     }
@@ -105,7 +100,7 @@ void drawHighlight(QPainter& painter, const QRectF& card, const CardLook& look) 
     shape.addRoundedRect(tag.adjusted(0, -corner, corner, 0), corner, corner);
     QPainterPath square;
     square.addRect(tag);
-    painter.fillPath(shape.intersected(square).intersected(cardShape(card, radius)), color);
+    painter.fillPath(shape.intersected(square).intersected(roundedShape(card, radius)), color);
     chip.draw(painter, tag);
 }
 

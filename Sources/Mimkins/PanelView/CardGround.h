@@ -4,7 +4,6 @@
 #include "Presentation/CardRow.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QRectF>
 
 namespace mimkins {
@@ -25,7 +24,5 @@ void drawPetPad(QPainter& painter, const QRectF& square, const Color& tint);
 
 /// The frame of the card that the user is pointed at, and the mark in its corner.
 void drawHighlight(QPainter& painter, const QRectF& card, const CardLook& look);
-
-QPainterPath cardShape(const QRectF& card, double radius);
 
 } // namespace mimkins

@@ -1,6 +1,7 @@
 #include "PanelView/CardView.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "Drawing/Qt/Shapes.h"
 #include "PanelView/CardGround.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/MoodTint.h"
@@ -342,7 +343,7 @@ void CardView::drawGround() {
     if (row_.highlighted) {
         drawHighlight(painter, card, look_);
     }
-    painter.setClipPath(cardShape(card, look_.theme->radius));
+    painter.setClipPath(roundedShape(card, look_.theme->radius));
     const Color& mood = tint(*look_.theme, row_.mood);
     if (look_.theme->pad) {
         drawPetPad(painter, petSquare(), mood);

@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
+#include "Drawing/Qt/Shapes.h"
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
@@ -127,12 +128,12 @@ void Chip::draw(QPainter& painter, const QRectF& place) const {
         }
         painter.setPen(Qt::NoPen);
         painter.setBrush(fill);
-        painter.drawRoundedRect(body, corner, corner);
+        painter.drawPath(roundedShape(body, corner));
     }
     if (outline) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(qt::color(*outline), 1));
-        painter.drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), corner - 0.5, corner - 0.5);
+        painter.drawPath(roundedShape(body.adjusted(0.5, 0.5, -0.5, -0.5), corner - 0.5));
     }
     double x = body.left() + paddingX;
     for (const auto& piece : pieces) {

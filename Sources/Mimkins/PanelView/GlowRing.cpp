@@ -1,6 +1,7 @@
 #include "PanelView/GlowRing.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "Drawing/Qt/Shapes.h"
 #include "Pet/PetFrame.h"
 #include "Theme/ThemeDrawing.h"
 
@@ -23,7 +24,7 @@ void strokeInside(QPainter& painter, const GlowRing::Shape& shape, const QColor&
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(color, width));
-    painter.drawRoundedRect(shape.card.adjusted(1, 1, -1, -1), shape.radius - 1, shape.radius - 1);
+    painter.drawPath(roundedShape(shape.card.adjusted(1, 1, -1, -1), shape.radius - 1));
 }
 
 } // namespace

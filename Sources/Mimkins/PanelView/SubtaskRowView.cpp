@@ -1,6 +1,7 @@
 #include "PanelView/SubtaskRowView.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "Drawing/Qt/Shapes.h"
 
 #include <QHelpEvent>
 #include <QPaintEvent>
@@ -143,9 +144,9 @@ void SubtaskRowView::drawGround() {
     painter.setPen(Qt::NoPen);
     const double radius = std::max(look_.theme->radius - 3, 2.0);
     painter.setBrush(qt::color(look_.theme->cardBase));
-    painter.drawRoundedRect(QRectF(rect()), radius, radius);
+    painter.drawPath(roundedShape(QRectF(rect()), radius));
     painter.setBrush(qt::color(look_.theme->text.faded(groundTint)));
-    painter.drawRoundedRect(QRectF(rect()), radius, radius);
+    painter.drawPath(roundedShape(QRectF(rect()), radius));
     const CardText set = text();
     drawCardText(painter, set, textCorner(set), *look_.theme, stateColor());
     groundIsOld_ = false;

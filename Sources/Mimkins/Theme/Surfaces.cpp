@@ -117,22 +117,9 @@ void drawTexture(GraphicsContext& context, Texture texture, Size size) {
 }
 
 Path edgePath(Size size, double radius, double inset) {
-    constexpr double quarter = std::numbers::pi / 2;
-    const double right = size.width - inset;
-    const double bottom = size.height - inset;
-    const double corner = std::max(radius - inset, 0.0);
-    Path path;
-    path.move({right, inset});
-    path.addLine({inset + corner, inset});
-    path.addArc(
-        {inset + corner, inset + corner}, corner, 3 * quarter, 2 * quarter, ArcDirection::counterclockwise
+    return Path::leftRoundedRect(
+        {inset, inset, size.width - 2 * inset, size.height - 2 * inset}, std::max(radius - inset, 0.0)
     );
-    path.addArc(
-        {inset + corner, bottom - corner}, corner, 2 * quarter, quarter, ArcDirection::counterclockwise
-    );
-    path.addLine({right, bottom});
-    path.closeSubpath();
-    return path;
 }
 
 void drawBorder(GraphicsContext& context, const Path& shape, const PetTheme& theme, Size size, double t) {

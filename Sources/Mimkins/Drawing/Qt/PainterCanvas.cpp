@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Fonts.h"
+#include "Drawing/Qt/Shapes.h"
 
 #include <QBrush>
 #include <QConicalGradient>
@@ -20,29 +21,6 @@ namespace {
 
 QPointF point(Point value) {
     return {value.x, value.y};
-}
-
-QPainterPath painterPath(const Path& path) {
-    QPainterPath result;
-    result.setFillRule(Qt::WindingFill);
-    const Path curves = path.flattenedToCurves();
-    for (const PathElement& element : curves.elements()) {
-        switch (element.kind) {
-        case PathElement::Kind::move:
-            result.moveTo(point(element.a));
-            break;
-        case PathElement::Kind::line:
-            result.lineTo(point(element.a));
-            break;
-        case PathElement::Kind::cubic:
-            result.cubicTo(point(element.b), point(element.c), point(element.a));
-            break;
-        default:
-            result.closeSubpath();
-            break;
-        }
-    }
-    return result;
 }
 
 void addStops(QGradient& target, const Gradient& gradient, ColorScheme scheme) {
@@ -121,7 +99,7 @@ void PainterCanvas::enter(const DrawingState& state) {
 
 void PainterCanvas::fill(const Path& path, const Shading& shading, const DrawingState& state) {
     enter(state);
-    painter_->fillPath(painterPath(path), std::visit(BrushOf{scheme_}, shading));
+    painter_->fillPath(qt::path(path), std::visit(BrushOf{scheme_}, shading));
     painter_->restore();
 }
 
@@ -129,7 +107,7 @@ void PainterCanvas::stroke(
     const Path& path, const Shading& shading, const StrokeStyle& style, const DrawingState& state
 ) {
     enter(state);
-    painter_->strokePath(painterPath(path), pen(std::visit(BrushOf{scheme_}, shading), style));
+    painter_->strokePath(qt::path(path), pen(std::visit(BrushOf{scheme_}, shading), style));
     painter_->restore();
 }
 

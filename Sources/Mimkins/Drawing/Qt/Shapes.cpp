@@ -1,20 +1,47 @@
 #include "Drawing/Qt/Shapes.h"
 
 #include "AppIcon/AppIcon.h"
+#include "Drawing/Qt/Conversions.h"
 
 namespace mimkins {
 
+namespace {
+
+QPointF point(Point value) {
+    return {value.x, value.y};
+}
+
+} // namespace
+
+QPainterPath qt::path(const Path& source) {
+    QPainterPath result;
+    result.setFillRule(Qt::WindingFill);
+    const Path curves = source.flattenedToCurves();
+    for (const PathElement& element : curves.elements()) {
+        switch (element.kind) {
+        case PathElement::Kind::move:
+            result.moveTo(point(element.a));
+            break;
+        case PathElement::Kind::line:
+            result.lineTo(point(element.a));
+            break;
+        case PathElement::Kind::cubic:
+            result.cubicTo(point(element.b), point(element.c), point(element.a));
+            break;
+        default:
+            result.closeSubpath();
+            break;
+        }
+    }
+    return result;
+}
+
+QPainterPath roundedShape(const QRectF& rect, double radius) {
+    return qt::path(Path::roundedRect(qt::rect(rect), radius, CornerStyle::continuous));
+}
+
 QPainterPath edgeShape(const QRectF& rect, double radius) {
-    const double across = 2 * radius;
-    QPainterPath path;
-    path.moveTo(rect.topRight());
-    path.lineTo(rect.left() + radius, rect.top());
-    path.arcTo(QRectF(rect.left(), rect.top(), across, across), 90, 90);
-    path.lineTo(rect.left(), rect.bottom() - radius);
-    path.arcTo(QRectF(rect.left(), rect.bottom() - across, across, across), 180, 90);
-    path.lineTo(rect.bottomRight());
-    path.closeSubpath();
-    return path;
+    return qt::path(Path::leftRoundedRect(qt::rect(rect), radius));
 }
 
 QPainterPath appIconPath(const QRectF& square) {

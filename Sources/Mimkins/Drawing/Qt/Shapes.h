@@ -1,9 +1,21 @@
 #pragma once
 
+#include "Drawing/Path.h"
+
 #include <QPainterPath>
 #include <QRectF>
 
 namespace mimkins {
+
+namespace qt {
+
+/// The same outline; what lies inside is told by winding.
+QPainterPath path(const Path& source);
+
+} // namespace qt
+
+/// A rectangle with continuous corners.
+QPainterPath roundedShape(const QRectF& rect, double radius);
 
 /// A shape that hugs the right edge of the screen: its left corners rounded, its right ones square.
 QPainterPath edgeShape(const QRectF& rect, double radius);
