@@ -27,18 +27,17 @@ using NamedText = std::pair<std::string_view, const std::optional<std::string>*>
 
 std::vector<NamedText> optionalTexts(const Report& report) {
     return {
-        {"--event", &report.event},
-        {"--tool", &report.tool},
-        {"--detail", &report.detail},
-        {"--message", &report.message},
-        {"--notification", &report.notification},
-        {"--cwd", &report.cwd},
-        {"--project", &report.project},
-        {"--transcript", &report.transcript},
-        {"--effort", &report.effort},
-        {"--model", &report.model},
-        {"--title", &report.title},
-        {"--open", &report.open},
+        {"--tool", &report.record.tool},
+        {"--detail", &report.record.detail},
+        {"--message", &report.record.message},
+        {"--notification", &report.record.notification},
+        {"--cwd", &report.record.cwd},
+        {"--project", &report.record.project},
+        {"--transcript", &report.record.transcript},
+        {"--effort", &report.record.effort},
+        {"--model", &report.record.model},
+        {"--title", &report.record.title},
+        {"--open", &report.record.open},
     };
 }
 
@@ -69,20 +68,32 @@ std::optional<std::string> problemOfId(std::string_view option, const std::strin
     return std::nullopt;
 }
 
+std::optional<std::string> problemOfText(std::string_view option, const std::string& value) {
+    if (value.size() > longestText) {
+        return std::string(option) + " is longer than " + std::to_string(longestText) + " bytes";
+    }
+    if (!text::isValidUtf8(value)) {
+        return std::string(option) + " isn't valid UTF-8";
+    }
+    return std::nullopt;
+}
+
 std::optional<std::string> problemOfTexts(const Report& report) {
+    if (auto problem = problemOfText("--event", report.record.event)) {
+        return problem;
+    }
     for (const auto& [option, value] : optionalTexts(report)) {
-        if (*value && (*value)->size() > longestText) {
-            return std::string(option) + " is longer than " + std::to_string(longestText) + " bytes";
-        }
-        if (*value && !text::isValidUtf8(**value)) {
-            return std::string(option) + " isn't valid UTF-8";
+        if (*value) {
+            if (auto problem = problemOfText(option, **value)) {
+                return problem;
+            }
         }
     }
     return std::nullopt;
 }
 
 std::optional<std::string> problemOfNumbers(const Report& report) {
-    if (report.pid && *report.pid < 1) {
+    if (report.record.pid && *report.record.pid < 1) {
         return "--pid must be at least 1";
     }
     for (const auto& [option, value] : {std::pair("--since", report.since), std::pair("--ts", report.ts)}) {
@@ -109,13 +120,13 @@ std::string reportFileName(const std::string& id) {
 }
 
 std::optional<std::string> problemOf(const Report& report) {
-    if (auto problem = problemOfId("--agent", report.agent)) {
+    if (auto problem = problemOfId("--agent", report.record.agent.value_or(""))) {
         return problem;
     }
-    if (auto problem = problemOfId("--id", report.id)) {
+    if (auto problem = problemOfId("--id", report.record.id)) {
         return problem;
     }
-    if (!isState(report.state)) {
+    if (!isState(report.record.state)) {
         return "--state must be one of working, waiting, done, idle";
     }
     if (auto problem = problemOfTexts(report)) {
@@ -124,8 +135,8 @@ std::optional<std::string> problemOf(const Report& report) {
     if (auto problem = problemOfNumbers(report)) {
         return problem;
     }
-    if (report.open) {
-        const auto scheme = linkScheme(*report.open);
+    if (report.record.open) {
+        const auto scheme = linkScheme(*report.record.open);
         if (scheme != "http" && scheme != "https" && scheme != "file") {
             return "--open must be a valid http, https or file link (blanks written as %20)";
         }
@@ -134,29 +145,16 @@ std::optional<std::string> problemOf(const Report& report) {
 }
 
 StatusRecord recordOf(const Report& report, const std::optional<StatusRecord>& previous, Date now) {
-    StatusRecord record;
-    record.id = report.id;
-    record.agent = report.agent;
-    record.state = report.state;
-    record.event = report.event.value_or("Report");
+    StatusRecord record = report.record;
+    if (record.event.empty()) {
+        record.event = "Report";
+    }
     record.ts = report.ts.value_or(std::round(now.milliseconds()));
-    const bool sameState = previous && previous->state == report.state && previous->since <= record.ts;
+    const bool sameState = previous && previous->state == record.state && previous->since <= record.ts;
     record.since = report.since.value_or(sameState ? previous->since : record.ts);
-    record.tool = report.tool;
-    record.detail = report.detail;
-    record.message = report.message;
-    record.notification = report.notification;
-    record.cwd = report.cwd;
-    record.project = report.project;
     if (!record.project && record.cwd) {
         record.project = text::lastPathComponent(*record.cwd);
     }
-    record.transcript = report.transcript;
-    record.effort = report.effort;
-    record.model = report.model;
-    record.title = report.title;
-    record.pid = report.pid;
-    record.open = report.open;
     return record;
 }
 

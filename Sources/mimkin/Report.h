@@ -8,24 +8,9 @@
 
 namespace mimkins {
 
-/// What an agent reports of one of its sessions; absent fields are left out of the record.
+/// What an agent reports of one of its sessions. The record's own times are not used.
 struct Report {
-    std::string agent;
-    std::string id;
-    std::string state;
-    std::optional<std::string> event;
-    std::optional<std::string> tool;
-    std::optional<std::string> detail;
-    std::optional<std::string> message;
-    std::optional<std::string> notification;
-    std::optional<std::string> cwd;
-    std::optional<std::string> project;
-    std::optional<std::string> transcript;
-    std::optional<std::string> effort;
-    std::optional<std::string> model;
-    std::optional<std::string> title;
-    std::optional<std::int32_t> pid;
-    std::optional<std::string> open;
+    StatusRecord record;         ///< an empty event stands for "Report"
     std::optional<double> since; ///< milliseconds since 1970; kept while the state stays when absent
     std::optional<double> ts;    ///< milliseconds since 1970; the present when absent
 };

@@ -70,36 +70,38 @@ ExitCode writeReport(const Report& report, const Paths& paths, const std::string
 
 ExitCode run(ReportOptions options, const CommandContext& context) {
     auto& report = options.report;
-    if (options.clear && report.state.empty()) {
-        report.state = "done";
+    if (options.clear && report.record.state.empty()) {
+        report.record.state = "done";
     }
     if (const auto problem = problemOf(report)) {
         std::cerr << "mimkin report: " << *problem << "\n";
         return exitUsage;
     }
     const auto paths = context.paths();
-    const auto path = paths.sessions() + "/" + reportFileName(report.id);
+    const auto path = paths.sessions() + "/" + reportFileName(report.record.id);
     return options.clear ? clearReport(path) : writeReport(report, paths, path);
 }
 
 void addFieldOptions(CLI::App& command, Report& report) {
     command.add_option(
-        "--event", report.event, "The event behind the report, such as PreCompact (default Report)"
+        "--event", report.record.event, "The event behind the report, such as PreCompact (default Report)"
     );
-    command.add_option("--tool", report.tool, "The tool in use or awaited, such as Bash");
-    command.add_option("--detail", report.detail, "The tool's argument in short: a path, a command");
-    command.add_option("--message", report.message, "Words for the user");
+    command.add_option("--tool", report.record.tool, "The tool in use or awaited, such as Bash");
+    command.add_option("--detail", report.record.detail, "The tool's argument in short: a path, a command");
+    command.add_option("--message", report.record.message, "Words for the user");
     command.add_option(
-        "--notification", report.notification, "The kind of notification, such as elicitation_dialog"
+        "--notification", report.record.notification, "The kind of notification, such as elicitation_dialog"
     );
-    command.add_option("--cwd", report.cwd, "The working folder");
-    command.add_option("--project", report.project, "The project's short name (default: the folder's)");
-    command.add_option("--transcript", report.transcript, "The path of the session's transcript");
-    command.add_option("--effort", report.effort, "low, medium, high, xhigh or max");
-    command.add_option("--model", report.model, "The model's id");
-    command.add_option("--title", report.title, "The session's title");
-    command.add_option("--pid", report.pid, "The process whose end is the session's end");
-    command.add_option("--open", report.open, "The http, https or file link that opens the session");
+    command.add_option("--cwd", report.record.cwd, "The working folder");
+    command.add_option(
+        "--project", report.record.project, "The project's short name (default: the folder's)"
+    );
+    command.add_option("--transcript", report.record.transcript, "The path of the session's transcript");
+    command.add_option("--effort", report.record.effort, "low, medium, high, xhigh or max");
+    command.add_option("--model", report.record.model, "The model's id");
+    command.add_option("--title", report.record.title, "The session's title");
+    command.add_option("--pid", report.record.pid, "The process whose end is the session's end");
+    command.add_option("--open", report.record.open, "The http, https or file link that opens the session");
     command.add_option("--since", report.since, "When the state began, milliseconds since 1970");
     command.add_option("--ts", report.ts, "When this was reported, milliseconds since 1970 (default: now)");
 }
@@ -109,9 +111,11 @@ void addFieldOptions(CLI::App& command, Report& report) {
 void addReportCommand(CLI::App& program, CommandContext& context) {
     auto* command = program.add_subcommand("report", "Report the state of an agent's session");
     const auto options = std::make_shared<ReportOptions>();
-    command->add_option("--agent", options->report.agent, "The agent's name")->required();
-    command->add_option("--id", options->report.id, "The session's id, unique among all agents")->required();
-    auto* state = command->add_option("--state", options->report.state, "working, waiting, done or idle");
+    command->add_option("--agent", options->report.record.agent, "The agent's name")->required();
+    command->add_option("--id", options->report.record.id, "The session's id, unique among all agents")
+        ->required();
+    auto* state =
+        command->add_option("--state", options->report.record.state, "working, waiting, done or idle");
     auto* clear = command->add_flag("--clear", options->clear, "Remove the session's record");
     addFieldOptions(*command, options->report);
     command->footer(examples);
