@@ -23,16 +23,6 @@ constexpr std::size_t longestOrder = 4'096;
 constexpr char startVerb = '+';
 constexpr char endVerb = '-';
 
-std::vector<char*> pointers(std::vector<std::string>& words) {
-    std::vector<char*> result;
-    result.reserve(words.size() + 1);
-    for (auto& word : words) {
-        result.push_back(word.data());
-    }
-    result.push_back(nullptr);
-    return result;
-}
-
 /// Ends this process as soon as its parent has ended.
 void endWithParent(pid_t parent) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);

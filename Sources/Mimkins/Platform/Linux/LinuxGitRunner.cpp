@@ -52,16 +52,6 @@ std::vector<std::string> commandLine(
     return words;
 }
 
-std::vector<char*> pointers(std::vector<std::string>& words) {
-    std::vector<char*> result;
-    result.reserve(words.size() + 1);
-    for (auto& word : words) {
-        result.push_back(word.data());
-    }
-    result.push_back(nullptr);
-    return result;
-}
-
 /// What a new process starts with, apart from its words: its descriptors, and nothing of our signals.
 void prepareGit(SpawnSetup& setup, int output) {
     ::posix_spawn_file_actions_addopen(&setup.actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);

@@ -2,6 +2,9 @@
 
 #include <spawn.h>
 
+#include <string>
+#include <vector>
+
 namespace mimkins {
 
 /// What a new process starts with: its files and its attributes, given back at the end of the object.
@@ -22,5 +25,16 @@ struct SpawnSetup {
     posix_spawn_file_actions_t actions{};
     posix_spawnattr_t attributes{};
 };
+
+/// Words as a new process takes them, with a null pointer behind the last. They point into the words.
+inline std::vector<char*> pointers(std::vector<std::string>& words) {
+    std::vector<char*> result;
+    result.reserve(words.size() + 1);
+    for (auto& word : words) {
+        result.push_back(word.data());
+    }
+    result.push_back(nullptr);
+    return result;
+}
 
 } // namespace mimkins
