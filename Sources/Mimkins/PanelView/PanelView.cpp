@@ -25,6 +25,13 @@ PetTheme shownTheme(const std::string& id) {
     return PetTheme::named(id).resolved(systemScheme());
 }
 
+/// Where the windows stand is nothing that the view shows.
+bool showsTheSame(const PanelSettings& left, PanelSettings right) {
+    right.tabPosition = left.tabPosition;
+    right.panelWidth = left.panelWidth;
+    return left == right;
+}
+
 } // namespace
 
 PanelView::PanelView(Parts parts, PanelSettings settings)
@@ -73,8 +80,13 @@ CardLook PanelView::look() const {
 }
 
 void PanelView::setSettings(const PanelSettings& settings) {
-    if (settings_ == settings) {
+    if (showsTheSame(settings_, settings)) {
         return;
+    }
+    const bool looksNew =
+        settings.themeId != settings_.themeId || settings.cards.shuffle != settings_.cards.shuffle;
+    if (looksNew && isVisible() && !parts_.drawer.animationsPaused()) {
+        fade_->begin(*this);
     }
     settings_ = settings;
     theme_ = shownTheme(settings_.themeId);
@@ -126,6 +138,9 @@ void PanelView::addScreen(DrawerMode mode, PanelScreen* screen) {
     screens_[mode] = screen;
     screen->hide();
     screen->setLook(look());
+    if (mode == DrawerMode::settings) {
+        header_->showCog();
+    }
     static_cast<QVBoxLayout*>(layout())->addWidget(screen, 1); // NOLINT: made so by the constructor
     showScreen();
     keepTime();
