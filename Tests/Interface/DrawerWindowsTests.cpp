@@ -211,6 +211,35 @@ TEST_F(Windows, TabSaysWhatAClickDoes) {
     EXPECT_EQ(windows->tab().accessibleName(), "Hide Mimkins");
 }
 
+TEST_F(Windows, TabMovesWithItsSettingAtOnce) {
+    start();
+    PanelSettings settings;
+    const int before = windows->tab().y();
+    const auto frame = windows->drawer().geometry();
+    settings.tabPosition = 0.85;
+    windows->setSettings(settings);
+    EXPECT_LT(windows->tab().y(), before);
+    EXPECT_EQ(windows->tab().x(), edge() - 320 - 28);
+    EXPECT_EQ(windows->drawer().geometry(), frame);
+}
+
+TEST_F(Windows, DrawerHasTheKeyboardWhileItIsWrittenIn) {
+    start();
+    EXPECT_FALSE(windows->drawer().takesKeyboard());
+    windows->setWriting(true);
+    EXPECT_TRUE(windows->drawer().takesKeyboard());
+    windows->setWriting(false);
+    EXPECT_FALSE(windows->drawer().takesKeyboard());
+}
+
+TEST_F(Windows, DrawerKeepsTheKeyboardThatWasAskedForBefore) {
+    start();
+    windows->takeKeyboard();
+    windows->setWriting(true);
+    windows->setWriting(false);
+    EXPECT_TRUE(windows->drawer().takesKeyboard());
+}
+
 } // namespace
 
 } // namespace mimkins::test

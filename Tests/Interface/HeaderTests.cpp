@@ -54,8 +54,10 @@ TEST_F(Header, CogInTheWrapUpGoesToTheSettings) {
 
 TEST_F(Header, CogIsAwayWithoutAScreenBehindIt) {
     start();
-    EXPECT_EQ(header().cog().isVisible(), PanelHeader::showsCog);
+    EXPECT_FALSE(header().cog().isVisible());
     EXPECT_TRUE(header().moon().isVisible());
+    panel->addScreen(DrawerMode::settings, new PanelScreen);
+    EXPECT_TRUE(header().cog().isVisible());
 }
 
 TEST(CogButtonTest, SpinsOnceRoundEachWay) {

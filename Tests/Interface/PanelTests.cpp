@@ -249,6 +249,45 @@ TEST_F(Panel, PetsOutOfSightStandStill) {
     EXPECT_GT(framesInASecond(loop, *cards.back()), 20);
 }
 
+TEST_F(Panel, AddedScreenShowsInItsModeAlone) {
+    report("a", "working");
+    start();
+    auto* screen = new PanelScreen;
+    panel->addScreen(DrawerMode::settings, screen);
+    EXPECT_FALSE(screen->isVisible());
+    panel->header().cog().click();
+    EXPECT_TRUE(screen->isVisible());
+    EXPECT_FALSE(panel->list().isVisible());
+    EXPECT_EQ(panel->header().titleLabel().text(), "Settings");
+    panel->header().cog().click();
+    EXPECT_FALSE(screen->isVisible());
+    EXPECT_TRUE(panel->list().isVisible());
+}
+
+TEST_F(Panel, NewThemeAndNewPetsFadeIn) {
+    report("a", "working");
+    start();
+    EXPECT_FALSE(panel->screenFade().isVisible());
+    settings.themeId = "paper";
+    panel->setSettings(settings);
+    EXPECT_TRUE(panel->screenFade().isVisible());
+    EXPECT_EQ(panel->screenFade().geometry(), panel->rect());
+    while (panel->screenFade().isVisible()) {
+        QTest::qWait(10);
+    }
+    settings.cards.shuffle = 1;
+    panel->setSettings(settings);
+    EXPECT_TRUE(panel->screenFade().isVisible());
+}
+
+TEST_F(Panel, NothingFadesWhereNobodySeesIt) {
+    start();
+    drawer.setCovered(true);
+    settings.themeId = "paper";
+    panel->setSettings(settings);
+    EXPECT_FALSE(panel->screenFade().isVisible());
+}
+
 } // namespace
 
 } // namespace mimkins::test

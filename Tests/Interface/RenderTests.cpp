@@ -154,6 +154,21 @@ TEST_F(Render, IconInAnySize) {
     EXPECT_GT(render({"icon", "--size", "4", "-o", file("a.png")}).status, 100);
 }
 
+TEST_F(Render, SettingsOfAHomeWhichStaysAsItIs) {
+    const auto tree = [this] {
+        return runProgram({{"find", folder.path(), "-not", "-name", "*.png"}}).output;
+    };
+    const auto before = tree();
+    const auto result = render({"settings", "--theme", "paper", "--width", "wide", "-o", file("a.png")});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(picture("a.png").width(), 380 + 28);
+    EXPECT_GT(picture("a.png").height(), 900);
+    EXPECT_EQ(tree(), before);
+    EXPECT_EQ(render({"settings", "--width", "narrow", "-o", file("b.png")}).status, 0);
+    EXPECT_EQ(picture("b.png").width(), 280 + 28);
+    EXPECT_GT(render({"settings", "--width", "huge", "-o", file("c.png")}).status, 100);
+}
+
 TEST_F(Render, HelpHasExamples) {
     for (const char* command : {"pet", "sheet", "film", "icon"}) {
         const auto result = render({command, "--help"});

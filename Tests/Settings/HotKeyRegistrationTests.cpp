@@ -85,6 +85,16 @@ TEST_F(HotKeyRegistrationTest, KeysOfAnotherProgramLeaveNone) {
     EXPECT_THAT(lines, ElementsAre("next-up shortcut ⌃⌥Space: NOT registered (taken by another app?)"));
 }
 
+TEST_F(HotKeyRegistrationTest, OutcomeIsToldOnceItIsStored) {
+    std::vector<std::string> told;
+    registration.onConcluded = [&] { told.push_back(status().substr(0, status().find(' '))); };
+    registration.use(Hotkey::ctrlOptP);
+    registration.use(Hotkey::off);
+    keys.taken = keysOf(Hotkey::ctrlOptSpace);
+    registration.use(Hotkey::ctrlOptSpace);
+    EXPECT_THAT(told, ElementsAre("⌃⌥P:", "⌃⌥Space:"));
+}
+
 TEST_F(HotKeyRegistrationTest, EachChoiceHasItsKeys) {
     using Key = KeyCombination::Key;
     EXPECT_EQ(keysOf(Hotkey::ctrlOptP), (KeyCombination{Key::p, true, true, false}));

@@ -56,6 +56,7 @@ void AppDelegate::launch(Launch launch) {
         return;
     }
     makeWindows();
+    makeSettings();
     makeStatusItem();
     client_.login().enableOnFirstRun(preferences_);
     makeNextUp();
@@ -82,6 +83,30 @@ void AppDelegate::makeWindows() {
     };
 }
 
+SettingsParts AppDelegate::settingsParts() {
+    return {settings_, client_.login(), [] { QApplication::quit(); }, {}};
+}
+
+void AppDelegate::makeSettings() {
+    settingsScreen_ = new SettingsView(settingsParts(), panel_->look());
+    settingsScreen_->content().onWriting = [this](bool writing) { windows_->setWriting(writing); };
+    panel_->addScreen(DrawerMode::settings, settingsScreen_);
+}
+
+void AppDelegate::openSettings() {
+    if (settingsWindow_ == nullptr) {
+        settingsWindow_ = std::make_unique<SettingsWindow>(settingsParts());
+    }
+    settingsWindow_->bringForward();
+}
+
+void AppDelegate::followShortcut() {
+    settingsScreen_->content().followShortcut();
+    if (settingsWindow_ != nullptr) {
+        settingsWindow_->content().followShortcut();
+    }
+}
+
 void AppDelegate::makeStatusItem() {
     statusItem_ = std::make_unique<TrayItem>();
     statusItem_->onClick = [this] { windows_->toggle(); };
@@ -101,6 +126,7 @@ void AppDelegate::makeNextUp() {
     hotKey_ = std::make_unique<HotKeyRegistration>(
         HotKeyRegistration::Parts{*hotKeys_, preferences_, loop_}, [this] { nextUp_->nextUp(); }
     );
+    hotKey_->onConcluded = [this] { followShortcut(); };
     hotKey_->use(settings_.hotkey());
     settings_.hotkey.changed().connect([this](const Hotkey& hotkey) { hotKey_->use(hotkey); });
 }
@@ -159,6 +185,8 @@ void AppDelegate::receive(const std::string& message) {
     }
     if (message == "keyboard") {
         windows_->takeKeyboard();
+    } else if (message == "settings") {
+        openSettings();
     } else {
         windows_->bringForward();
     }

@@ -21,6 +21,7 @@
 #include "SessionStore/SessionStore.h"
 #include "Settings/AppSettings.h"
 #include "Settings/HotKeyRegistration.h"
+#include "SettingsView/SettingsWindow.h"
 
 #include <memory>
 #include <optional>
@@ -54,6 +55,10 @@ public:
 
 private:
     void makeWindows();
+    void makeSettings();
+    void openSettings();
+    SettingsParts settingsParts();
+    void followShortcut();
     void makeStatusItem();
     void makeNextUp();
     void followSettings();
@@ -78,8 +83,10 @@ private:
     ConcurrentQueue repositoryQueue_{"repositories"};
     SerialQueue scanQueue_{"app.mimkins.background"};
     std::unique_ptr<WindowSystem> windowSystem_;
-    PanelView* panel_ = nullptr; // belongs to the windows
+    PanelView* panel_ = nullptr;             // belongs to the windows
+    SettingsView* settingsScreen_ = nullptr; // belongs to the panel
     std::unique_ptr<DrawerWindows> windows_;
+    std::unique_ptr<SettingsWindow> settingsWindow_;
     std::unique_ptr<HUD> hud_;
     std::unique_ptr<NextUpControl> nextUp_;
     std::unique_ptr<HotKeys> hotKeys_;

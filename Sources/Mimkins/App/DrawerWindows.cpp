@@ -80,8 +80,12 @@ panel::Frames DrawerWindows::frames() const {
 }
 
 void DrawerWindows::setSettings(const PanelSettings& settings) {
+    const bool tabMoves = settings_.tabPosition != settings.tabPosition;
     settings_ = settings;
     tab_.setTheme(PetTheme::named(settings_.themeId));
+    if (tabMoves) {
+        setFraction(window_.fraction());
+    }
 }
 
 void DrawerWindows::toggle() {
@@ -106,6 +110,17 @@ void DrawerWindows::bringForward() {
 void DrawerWindows::takeKeyboard() {
     bringForward();
     window_.setTakesKeyboard(true);
+}
+
+void DrawerWindows::setWriting(bool writing) {
+    if (window_.takesKeyboard() == writing) {
+        return;
+    }
+    // Whoever asked for the keyboard by other means keeps it.
+    if (writing || writing_) {
+        writing_ = writing;
+        window_.setTakesKeyboard(writing);
+    }
 }
 
 void DrawerWindows::place(Motion motion) {

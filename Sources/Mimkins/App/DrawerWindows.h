@@ -42,8 +42,11 @@ public:
     void bringForward();
     /// Does the same and gives it the keyboard.
     void takeKeyboard();
+    /// Gives the drawer the keyboard for as long as something is written in it.
+    void setWriting(bool writing);
     /// Moves both windows to their places.
     void place(Motion motion);
+    /// The tab stands at its new height at once.
     void setSettings(const PanelSettings& settings);
 
     bool isSliding() const { return clock_.isRunning(); }
@@ -75,6 +78,7 @@ private:
     SlideWindow window_;
     EdgeTab tab_;
     bool tabAttached_ = false;
+    bool writing_ = false; ///< the drawer has the keyboard to be written in
     double slideFrom_ = 0;
     double slideTo_ = 0;
     double slideTime_ = 0;

@@ -40,6 +40,7 @@ void describe(CLI::App& app, Options& options) {
     app.add_flag(
         "--keyboard", options.keyboard, "Open the drawer of the running program and give it the keyboard"
     );
+    app.add_flag("--settings", options.settings, "Open the settings of the running program in a window");
     describeDemo(app, options);
     app.set_version_flag("--version", std::string("mimkins ") + MIMKINS_VERSION);
     app.require_subcommand(0, 1);
@@ -165,6 +166,13 @@ void describeScreen(CLI::App& render, Options& options, const Screen& screen) {
         ->type_name("ID");
     command->add_option("--scale", options.scale, "Pixels per point")->check(CLI::Range(0.5, 8.0));
     if (screen.command != Command::renderHud) {
+        command
+            ->add_option_function<std::string>(
+                "--width",
+                [&options](const std::string& word) { options.width = choiceNamed<DrawerWidth>(word); },
+                "Width of the drawer (else that of the settings)"
+            )
+            ->check(CLI::IsMember({"narrow", "regular", "wide"}));
         command->add_option("--height", options.height, "Height of the drawer in points")
             ->check(CLI::Range(200, 4000));
     }
@@ -179,6 +187,10 @@ void describeRender(CLI::App& app, Options& options) {
     render->require_subcommand(1);
     describeScreen(*render, options, {"drawer", "The open drawer with its tab", Command::renderDrawer});
     describeScreen(*render, options, {"sweep", "The drawer with the wrap-up", Command::renderSweep});
+    describeScreen(
+        *render, options,
+        {"settings", "The drawer with the settings, as high as they are", Command::renderSettings}
+    );
     describeScreen(
         *render, options,
         {"hud", "The notice that the first press of the shortcut brings", Command::renderHud}

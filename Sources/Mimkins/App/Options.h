@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/RenderOptions.h"
+#include "Settings/Choice.h"
 
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@ struct Options {
         run,
         renderDrawer,
         renderSweep,
+        renderSettings,
         renderHud,
         renderPet,
         renderSheet,
@@ -23,6 +25,7 @@ struct Options {
     Command command = Command::run;
     std::optional<std::string> home; ///< absolute; nothing stands for the user's own
     bool keyboard = false;           ///< give the drawer the keyboard
+    bool settings = false;           ///< open the settings in a window of their own
 
     // For a demonstration with made-up sessions.
     bool demo = false;
@@ -35,7 +38,8 @@ struct Options {
     double scale = 1;                 ///< pixels per point
     int height = 760;                 ///< of the drawer, points
     std::string output;
-    int iconSide = 128; ///< pixels
+    int iconSide = 128;               ///< pixels
+    std::optional<DrawerWidth> width; ///< nothing stands for the one of the settings
     PetRenderOptions pet;
 };
 

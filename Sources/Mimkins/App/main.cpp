@@ -4,6 +4,7 @@
 #include "App/Options.h"
 #include "App/Render.h"
 #include "App/RenderPet.h"
+#include "App/RenderSettings.h"
 #include "Base/Error.h"
 #include "Base/Log.h"
 #include "Platform/Linux/HomeFolder.h"
@@ -53,11 +54,19 @@ int runUnregistering(QApplication&, const Paths& paths) {
     return 0;
 }
 
+/// What a second start asks of the first.
+const char* messageOf(const Options& options) {
+    if (options.settings) {
+        return "settings";
+    }
+    return options.keyboard ? "keyboard" : "open";
+}
+
 /// `demo` is null unless made-up sessions are shown.
 int run(QApplication& application, const Paths& paths, const Options& options, Demo* demo) {
     SingleInstance instance(paths.support());
     if (!instance.claim()) {
-        const bool told = instance.send(options.keyboard ? "keyboard" : "open");
+        const bool told = instance.send(messageOf(options));
         if (!told) {
             std::cerr << "mimkins: it runs already, but doesn't answer\n";
         }
@@ -71,6 +80,9 @@ int run(QApplication& application, const Paths& paths, const Options& options, D
         instance.listen(delegate.loop(), [&delegate](const std::string& message) {
             delegate.receive(message);
         });
+    if (options.settings) {
+        delegate.receive(messageOf(options));
+    }
     const int exitCode = application.exec();
     if (demo != nullptr) {
         demo->end();
@@ -103,6 +115,8 @@ int render(const Options& options, const Paths& paths) {
         return renderIcon(options.iconSide, options.output);
     case Options::Command::renderHud:
         return renderHud(options, paths);
+    case Options::Command::renderSettings:
+        return renderSettings(options, paths);
     default:
         return renderDrawer(options, paths);
     }

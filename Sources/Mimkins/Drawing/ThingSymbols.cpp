@@ -99,6 +99,56 @@ void drawRefresh(GraphicsContext& context, const Shading& ink) {
     context.stroke(head, ink, StrokeStyle::round(0.5));
 }
 
+/// A cone that lies open to the top right, and what flies out of it.
+void drawPartyPopper(GraphicsContext& context, const Shading& ink) {
+    Path cone;
+    cone.move({1.2, 14.8});
+    cone.addLine({4.6, 5.6});
+    cone.addQuadCurve({10.4, 11.4}, {9.2, 6.8});
+    cone.closeSubpath();
+    context.fill(cone, ink);
+    context.stroke(cone, ink, StrokeStyle::round(1.2));
+    const auto line = StrokeStyle::round(1.5);
+    Path streamer;
+    streamer.move({9.2, 6.8});
+    streamer.addQuadCurve({13.6, 5.2}, {10.6, 3.8});
+    context.stroke(streamer, ink, line);
+    context.stroke(Path::polyline({{7.2, 3.8}, {7.4, 1.6}}), ink, line);
+    context.stroke(Path::polyline({{12.2, 8.8}, {14.4, 8.6}}), ink, line);
+    for (const Point paper : {Point{10.4, 1.8}, Point{14.2, 2}, Point{14, 12}}) {
+        context.fill(Path::ellipse({paper.x - 1, paper.y - 1, 2, 2}), ink);
+    }
+}
+
+void drawShuffle(GraphicsContext& context, const Shading& ink) {
+    const auto line = StrokeStyle::round(1.6);
+    for (const double way : {-1.0, 1.0}) {
+        const auto at = [way](double x, double y) { return Point{x, 8 + way * y}; };
+        Path arrow;
+        arrow.move(at(1.2, -3.6));
+        arrow.addLine(at(3.4, -3.6));
+        arrow.addCurve(at(11.2, 3.6), at(7.2, -3.6), at(7.4, 3.6));
+        arrow.addLine(at(14.2, 3.6));
+        context.stroke(arrow, ink, line);
+        Path head;
+        head.move(at(12.2, 1.5));
+        head.addLine(at(14.6, 3.6));
+        head.addLine(at(12.2, 5.7));
+        context.stroke(head, ink, line);
+    }
+}
+
+void drawPower(GraphicsContext& context, const Shading& ink) {
+    constexpr Point center{8, 8.6};
+    constexpr double radius = 5.6;
+    constexpr double gap = 0.23 * pi;
+    Path ring;
+    ring.move(onCircle(center, radius, -0.5 * pi + gap));
+    ring.addArc(center, radius, -0.5 * pi + gap, 1.5 * pi - gap);
+    context.stroke(ring, ink, StrokeStyle::round(1.8));
+    context.stroke(Path::polyline({{8, 1.8}, {8, 8}}), ink, StrokeStyle::round(1.8));
+}
+
 } // namespace
 
 void drawThing(GraphicsContext& context, Symbol symbol, const Shading& ink) {
@@ -123,6 +173,12 @@ void drawThing(GraphicsContext& context, Symbol symbol, const Shading& ink) {
         return drawOpenApp(context, ink);
     case Symbol::refresh:
         return drawRefresh(context, ink);
+    case Symbol::partyPopper:
+        return drawPartyPopper(context, ink);
+    case Symbol::shuffle:
+        return drawShuffle(context, ink);
+    case Symbol::power:
+        return drawPower(context, ink);
     default:
         return;
     }

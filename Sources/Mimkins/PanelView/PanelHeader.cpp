@@ -77,7 +77,7 @@ PanelHeader::PanelHeader()
     row->addWidget(title_);
     row->addWidget(cog_);
     row->addWidget(moon_);
-    cog_->setVisible(showsCog);
+    cog_->hide();
     connect(cog_, &QAbstractButton::clicked, this, [this] { goTo(header::afterSettingsButton(mode_)); });
     connect(moon_, &QAbstractButton::clicked, this, [this] { goTo(header::afterWrapUpButton(mode_)); });
     row->addStretch(1);
@@ -91,6 +91,10 @@ void PanelHeader::setLook(const PetTheme& theme, const Typography& typography) {
     cog_->setTheme(theme);
     moon_->setTheme(theme);
     summary_->setSummary(present_, theme, typography);
+}
+
+void PanelHeader::showCog() {
+    cog_->show();
 }
 
 void PanelHeader::goTo(DrawerMode mode) {

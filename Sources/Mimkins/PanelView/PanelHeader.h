@@ -28,14 +28,13 @@ private:
 /// The drawer's first row.
 class PanelHeader final : public QWidget {
 public:
-    /// The settings can't be reached before their screen is there.
-    static constexpr bool showsCog = false;
-
     PanelHeader();
 
     /// Called with the screen that a press on one of the buttons leads to.
     std::function<void(DrawerMode)> onMode;
 
+    /// The cog is away until there is a screen that it leads to.
+    void showCog();
     /// `spins` is false where nobody would see the cog turn.
     void present(DrawerMode mode, const Summary& summary, bool spins = false);
     /// Lets the cog blink in time.

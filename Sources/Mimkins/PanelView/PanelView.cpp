@@ -25,6 +25,13 @@ PetTheme shownTheme(const std::string& id) {
     return PetTheme::named(id).resolved(systemScheme());
 }
 
+/// Where the windows stand is nothing that the view shows.
+bool showsTheSame(const PanelSettings& left, PanelSettings right) {
+    right.tabPosition = left.tabPosition;
+    right.panelWidth = left.panelWidth;
+    return left == right;
+}
+
 } // namespace
 
 PanelView::PanelView(Parts parts, PanelSettings settings)
@@ -73,14 +80,22 @@ CardLook PanelView::look() const {
 }
 
 void PanelView::setSettings(const PanelSettings& settings) {
-    if (settings_ == settings) {
+    if (showsTheSame(settings_, settings)) {
         return;
+    }
+    const bool looksNew =
+        settings.themeId != settings_.themeId || settings.cards.shuffle != settings_.cards.shuffle;
+    if (looksNew && isVisible() && !parts_.drawer.animationsPaused()) {
+        fade_->begin(*this);
     }
     settings_ = settings;
     theme_ = shownTheme(settings_.themeId);
     header_->setLook(theme_, look().typography);
     empty_->setLook(theme_, look().typography);
     sweep_->setLook(look());
+    for (const auto& [mode, screen] : screens_) {
+        screen->setLook(look());
+    }
     list_->setLook(look());
     ground_.themeChanged();
     confetti_->setParty(settings_.motion.party);
@@ -119,7 +134,28 @@ void PanelView::showSweep() {
     }
 }
 
+void PanelView::addScreen(DrawerMode mode, PanelScreen* screen) {
+    screens_[mode] = screen;
+    screen->hide();
+    screen->setLook(look());
+    if (mode == DrawerMode::settings) {
+        header_->showCog();
+    }
+    static_cast<QVBoxLayout*>(layout())->addWidget(screen, 1); // NOLINT: made so by the constructor
+    showScreen();
+    keepTime();
+}
+
+/// The one that shows, if it is one of those that were added.
+PanelScreen* PanelView::addedScreen() const {
+    const auto found = screens_.find(mode_);
+    return found != screens_.end() ? found->second : nullptr;
+}
+
 QWidget* PanelView::screen() const {
+    if (auto* added = addedScreen()) {
+        return added;
+    }
     if (mode_ == DrawerMode::sweep) {
         return sweep_;
     }
@@ -130,6 +166,9 @@ void PanelView::showScreen() {
     const std::array<QWidget*, 3> screens{list_, empty_, sweep_};
     for (auto* each : screens) {
         each->setVisible(each == screen());
+    }
+    for (const auto& [mode, added] : screens_) {
+        added->setVisible(added == screen());
     }
 }
 
@@ -166,7 +205,7 @@ void PanelView::followDrawer() {
 }
 
 void PanelView::keepTime() {
-    const bool empty = mode_ != DrawerMode::sweep && parts_.store.sessions().empty();
+    const bool empty = screen() == empty_;
     const bool needed = !parts_.drawer.animationsPaused() && !empty;
     if (!needed) {
         beat_.reset();
@@ -190,6 +229,8 @@ void PanelView::animate() {
     header_->setNow(now);
     if (mode_ == DrawerMode::sweep) {
         sweep_->animate(now);
+    } else if (auto* added = addedScreen()) {
+        added->animate(now);
     } else if (!perf::off().contains("pets")) {
         list_->animate(now, frame_++);
     }
@@ -234,7 +275,7 @@ void PanelView::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Down:
     case Qt::Key_Up:
-        if (const auto cards = list_->cards(); !cards.empty()) {
+        if (const auto cards = list_->cards(); !cards.empty() && list_->isVisible()) {
             cards.front()->setFocus(Qt::TabFocusReason);
         }
         break;

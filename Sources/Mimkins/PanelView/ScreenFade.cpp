@@ -24,7 +24,7 @@ void ScreenFade::begin(QWidget& leaving) {
     picture_.setDevicePixelRatio(leaving.devicePixelRatioF());
     picture_.fill(Qt::transparent);
     leaving.render(&picture_, {}, {}, QWidget::DrawChildren);
-    setGeometry(leaving.geometry());
+    setGeometry(&leaving == parentWidget() ? leaving.rect() : leaving.geometry());
     time_ = 0;
     show();
     raise();

@@ -12,7 +12,7 @@ class ScreenFade final : public QWidget {
 public:
     ScreenFade();
 
-    /// Takes the picture of a sibling that is still seen, and its place.
+    /// Takes the picture of a sibling that is still seen, and its place; or those of the parent itself.
     void begin(QWidget& leaving);
 
     /// Fades by so many seconds. True if something of the picture is left.

@@ -1,6 +1,5 @@
 #include "PanelView/SessionList.h"
 
-#include "Drawing/Qt/Conversions.h"
 #include "PanelView/CardMenuView.h"
 #include "PanelView/ScrollBarStyle.h"
 #include "Presentation/PanelFrames.h"

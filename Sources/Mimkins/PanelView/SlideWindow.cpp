@@ -30,6 +30,7 @@ void SlideWindow::setTranslucency(bool translucent) {
 }
 
 void SlideWindow::setTakesKeyboard(bool takes) {
+    takesKeyboard_ = takes;
     if (auto* window = windowHandle()) {
         window->setFlag(Qt::WindowDoesNotAcceptFocus, !takes);
     }

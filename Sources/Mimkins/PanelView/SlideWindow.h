@@ -22,6 +22,8 @@ public:
     /// Lets the window have the keyboard, or keeps it away from it.
     void setTakesKeyboard(bool takes);
 
+    bool takesKeyboard() const { return takesKeyboard_; }
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
@@ -31,6 +33,7 @@ private:
     QWidget* content_;
     double fraction_ = 1;
     bool translucent_ = true;
+    bool takesKeyboard_ = false;
 };
 
 } // namespace mimkins

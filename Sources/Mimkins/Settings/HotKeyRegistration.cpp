@@ -63,6 +63,9 @@ void HotKeyRegistration::conclude(Hotkey hotkey, HotKeyResult result) {
         "next-up shortcut " + shortcut + ": " +
             (registered_ ? "registered" : "NOT registered (taken by another app?)")
     );
+    if (onConcluded) {
+        onConcluded();
+    }
 }
 
 } // namespace mimkins

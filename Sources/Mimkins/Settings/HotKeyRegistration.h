@@ -31,6 +31,9 @@ public:
     /// `pressed` is called for each press. The parts outlive this.
     HotKeyRegistration(Parts parts, std::function<void()> pressed);
 
+    /// Called when the outcome of a registration has been stored.
+    std::function<void()> onConcluded;
+
     /// Gives up the present keys and takes those of the choice. Nothing is stored when it is off.
     void use(Hotkey hotkey);
 

@@ -1,0 +1,18 @@
+#include "SettingsView/SettingsView.h"
+
+namespace mimkins {
+
+SettingsView::SettingsView(const SettingsParts& parts, const CardLook& look)
+    : content_(new SettingsContent(parts, look)) {
+    setAccessibleName("Settings");
+    setWidget(content_);
+    content_->setAutoFillBackground(false);
+    setLook(look);
+}
+
+void SettingsView::setLook(const CardLook& look) {
+    PanelScreen::setLook(look);
+    content_->setLook(look);
+}
+
+} // namespace mimkins
