@@ -25,7 +25,9 @@ enum class Symbol : std::uint8_t {
     alarm,   ///< an alarm clock
     gears,   ///< two gear wheels
     openApp, ///< an arrow out of a frame
-    refresh  ///< an arrow that goes round
+    refresh, ///< an arrow that goes round
+    infoCircle,
+    checkmarkCircleFilled, ///< a disc with the tick cut out
 };
 
 /// Draws an icon in a square of this size with its top left corner at the origin. The ink fills most of the
