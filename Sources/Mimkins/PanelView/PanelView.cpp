@@ -81,6 +81,9 @@ void PanelView::setSettings(const PanelSettings& settings) {
     header_->setLook(theme_, look().typography);
     empty_->setLook(theme_, look().typography);
     sweep_->setLook(look());
+    for (const auto& [mode, screen] : screens_) {
+        screen->setLook(look());
+    }
     list_->setLook(look());
     ground_.themeChanged();
     confetti_->setParty(settings_.motion.party);
@@ -119,7 +122,25 @@ void PanelView::showSweep() {
     }
 }
 
+void PanelView::addScreen(DrawerMode mode, PanelScreen* screen) {
+    screens_[mode] = screen;
+    screen->hide();
+    screen->setLook(look());
+    static_cast<QVBoxLayout*>(layout())->addWidget(screen, 1); // NOLINT: made so by the constructor
+    showScreen();
+    keepTime();
+}
+
+/// The one that shows, if it is one of those that were added.
+PanelScreen* PanelView::addedScreen() const {
+    const auto found = screens_.find(mode_);
+    return found != screens_.end() ? found->second : nullptr;
+}
+
 QWidget* PanelView::screen() const {
+    if (auto* added = addedScreen()) {
+        return added;
+    }
     if (mode_ == DrawerMode::sweep) {
         return sweep_;
     }
@@ -130,6 +151,9 @@ void PanelView::showScreen() {
     const std::array<QWidget*, 3> screens{list_, empty_, sweep_};
     for (auto* each : screens) {
         each->setVisible(each == screen());
+    }
+    for (const auto& [mode, added] : screens_) {
+        added->setVisible(added == screen());
     }
 }
 
@@ -166,7 +190,7 @@ void PanelView::followDrawer() {
 }
 
 void PanelView::keepTime() {
-    const bool empty = mode_ != DrawerMode::sweep && parts_.store.sessions().empty();
+    const bool empty = screen() == empty_;
     const bool needed = !parts_.drawer.animationsPaused() && !empty;
     if (!needed) {
         beat_.reset();
@@ -190,6 +214,8 @@ void PanelView::animate() {
     header_->setNow(now);
     if (mode_ == DrawerMode::sweep) {
         sweep_->animate(now);
+    } else if (auto* added = addedScreen()) {
+        added->animate(now);
     } else if (!perf::off().contains("pets")) {
         list_->animate(now, frame_++);
     }
@@ -234,7 +260,7 @@ void PanelView::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Down:
     case Qt::Key_Up:
-        if (const auto cards = list_->cards(); !cards.empty()) {
+        if (const auto cards = list_->cards(); !cards.empty() && list_->isVisible()) {
             cards.front()->setFocus(Qt::TabFocusReason);
         }
         break;

@@ -4,6 +4,7 @@
 #include "PanelView/EmptyState.h"
 #include "PanelView/PanelGround.h"
 #include "PanelView/PanelHeader.h"
+#include "PanelView/PanelScreen.h"
 #include "PanelView/ScreenFade.h"
 #include "PanelView/SessionList.h"
 #include "PanelView/SweepView.h"
@@ -16,6 +17,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <map>
 
 namespace mimkins {
 
@@ -37,6 +39,12 @@ public:
     std::function<void()> onClose;
 
     void setSettings(const PanelSettings& settings);
+
+    /// How everything in the drawer looks. Changes with the settings.
+    CardLook look() const;
+
+    /// Gives the drawer a screen for a mode, and takes it over.
+    void addScreen(DrawerMode mode, PanelScreen* screen);
 
     const PanelHeader& header() const { return *header_; }
 
@@ -61,12 +69,12 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    CardLook look() const;
     void showSessions();
     void showSweep();
     void showScreen();
     void changeScreen();
     QWidget* screen() const;
+    PanelScreen* addedScreen() const;
     void followDrawer();
     void beat();
     void animate();
@@ -83,6 +91,7 @@ private:
     SessionList* list_;
     EmptyState* empty_;
     SweepView* sweep_;
+    std::map<DrawerMode, PanelScreen*> screens_; ///< in place of the list, by mode
     ScreenFade* fade_;
     DrawerMode mode_ = DrawerMode::pets; ///< of the screen that shows
     Confetti* confetti_;

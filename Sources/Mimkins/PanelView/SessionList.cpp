@@ -1,7 +1,7 @@
 #include "PanelView/SessionList.h"
 
-#include "Drawing/Qt/Conversions.h"
 #include "PanelView/CardMenuView.h"
+#include "PanelView/ScrollBarStyle.h"
 #include "Presentation/PanelFrames.h"
 
 #include <QKeyEvent>
@@ -19,15 +19,6 @@ namespace {
 /// Between a card and its list of subtasks.
 constexpr double subtasksGap = 6;
 constexpr double scrollSeconds = 0.35;
-
-QString scrollBarStyle(const PetTheme& theme) {
-    const QString handle = qt::color(theme.text.faded(0.22)).name(QColor::HexArgb);
-    return QString("QScrollBar:vertical { background: transparent; width: 6px; margin: 2px 0; }"
-                   "QScrollBar::handle:vertical { background: %1; border-radius: 3px; min-height: 24px; }"
-                   "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-                   "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }")
-        .arg(handle);
-}
 
 } // namespace
 

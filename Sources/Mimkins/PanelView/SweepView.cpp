@@ -1,6 +1,7 @@
 #include "PanelView/SweepView.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/ScrollBarStyle.h"
 
 #include <QHBoxLayout>
 #include <QScrollBar>
@@ -16,15 +17,6 @@ constexpr int padding = 14;
 constexpr int spacing = 16;
 constexpr int sectionSpacing = 6;
 constexpr int footerPadding = 4;
-
-QString scrollBarStyle(const PetTheme& theme) {
-    const QString handle = qt::color(theme.text.faded(0.22)).name(QColor::HexArgb);
-    return QString("QScrollBar:vertical { background: transparent; width: 6px; margin: 2px 0; }"
-                   "QScrollBar::handle:vertical { background: %1; border-radius: 3px; min-height: 24px; }"
-                   "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-                   "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }")
-        .arg(handle);
-}
 
 QLabel* label(const QString& words, const CardLook& look, double points) {
     auto* made = new QLabel(words);
