@@ -49,6 +49,12 @@ public:
 
     DrawerWindows* windows() { return windows_.get(); }
 
+    PanelView* panel() { return panel_; }
+
+    DrawerState& drawer() { return drawer_; }
+
+    Connection& connection() { return client_.connection(); }
+
     /// Takes a message from a second start.
     void receive(const std::string& message);
 
@@ -56,6 +62,8 @@ private:
     void makeWindows();
     void makeStatusItem();
     void makeNextUp();
+    void greet();
+    void end();
     void followSettings();
     void showCounts();
     void fillStatusMenu(QMenu& menu);
