@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/RenderOptions.h"
+#include "Settings/Choice.h"
 
 #include <optional>
 #include <string>
@@ -14,6 +15,7 @@ struct Options {
         renderDrawer,
         renderSweep,
         renderHud,
+        renderSetup,
         renderPet,
         renderSheet,
         renderFilm,
@@ -35,7 +37,9 @@ struct Options {
     double scale = 1;                 ///< pixels per point
     int height = 760;                 ///< of the drawer, points
     std::string output;
-    int iconSide = 128; ///< pixels
+    int iconSide = 128;               ///< pixels
+    std::optional<DrawerWidth> width; ///< nothing stands for the one of the settings
+    SetupRenderOptions setup;
     PetRenderOptions pet;
 };
 

@@ -36,12 +36,6 @@ public:
     void play(const std::string&) override {}
 };
 
-Date moment(const Options& options) {
-    using Milliseconds = std::chrono::duration<double, std::milli>;
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    return Date::fromMilliseconds(options.at.value_or(Milliseconds(now).count()));
-}
-
 QImage compose(QWidget& drawer, EdgeTab& tab, const panel::Frames& frames) {
     const QPixmap drawerPicture = drawer.grab();
     const QPixmap tabPicture = tab.grab();
@@ -72,36 +66,54 @@ void prepareRendering(const Options& options) {
     qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
 }
 
+Date renderedMoment(const Options& options) {
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return Date::fromMilliseconds(options.at.value_or(Milliseconds(now).count()));
+}
+
+PanelSettings renderedSettings(const Options& options, const Paths& paths, Date at) {
+    StandingLoop standing(at);
+    NoSounds sounds;
+    JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
+    PanelSettings settings = panelSettingsOf(AppSettings({preferences, standing, sounds}), at);
+    settings.themeId = options.theme.value_or(settings.themeId);
+    settings.panelWidth = options.width ? points(*options.width) : settings.panelWidth;
+    return settings;
+}
+
+int writeDrawer(const DrawerPicture& picture, const Options& options) {
+    SlideWindow drawer(picture.panel);
+    constexpr double margins = 16; // of the drawer, above and below
+    const Rect screen{0, 0, 1280, options.height + margins};
+    const auto frames =
+        panel::framesDownwards({screen, picture.settings.panelWidth, picture.settings.tabPosition}, true);
+    drawer.resize(static_cast<int>(frames.panel.width), static_cast<int>(frames.panel.height));
+    EdgeTab tab(picture.loop);
+    tab.setTheme(PetTheme::named(picture.settings.themeId));
+    tab.setContent({edgeTabBadge(picture.store.sessions()), true});
+    return write(compose(drawer, tab, frames), options.output);
+}
+
 int renderDrawer(const Options& options, const Paths& paths) {
-    const Date at = moment(options);
+    const Date at = renderedMoment(options);
     StandingLoop standing(at);
     NoLinks links;
     NoSounds sounds;
     JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
     const AppSettings settings({preferences, standing, sounds});
     OneLoad load(paths, settings.rules(), at);
-    SessionStore& store = load.store();
-    RunLoop& loop = load.loop();
     DrawerState state;
     if (options.command == Options::Command::renderSweep) {
         state.setMode(DrawerMode::sweep);
     }
-    PanelSettings panelSettings = panelSettingsOf(settings, at);
-    panelSettings.themeId = options.theme.value_or(panelSettings.themeId);
-    SlideWindow drawer(new PanelView({store, state, loop, links}, panelSettings));
-    constexpr double margins = 16; // of the drawer, above and below
-    const Rect screen{0, 0, 1280, options.height + margins};
-    const auto frames =
-        panel::framesDownwards({screen, panelSettings.panelWidth, panelSettings.tabPosition}, true);
-    drawer.resize(static_cast<int>(frames.panel.width), static_cast<int>(frames.panel.height));
-    EdgeTab tab(loop);
-    tab.setTheme(PetTheme::named(panelSettings.themeId));
-    tab.setContent({edgeTabBadge(store.sessions()), true});
-    return write(compose(drawer, tab, frames), options.output);
+    const PanelSettings shown = renderedSettings(options, paths, at);
+    auto* panel = new PanelView({load.store(), state, load.loop(), links}, shown);
+    return writeDrawer({panel, shown, load.store(), load.loop()}, options);
 }
 
 int renderHud(const Options& options, const Paths& paths) {
-    const Date at = moment(options);
+    const Date at = renderedMoment(options);
     StandingLoop standing(at);
     NoSounds sounds;
     JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");

@@ -2,6 +2,8 @@
 
 #include "App/Options.h"
 #include "Base/Paths.h"
+#include "PanelView/PanelView.h"
+#include "SessionStore/SessionStore.h"
 
 namespace mimkins {
 
@@ -12,6 +14,23 @@ void prepareRendering(const Options& options);
 /// Draws the open drawer as it would show at that moment, with the list or the wrap-up. Gives the exit code;
 /// a failure is told on standard error.
 int renderDrawer(const Options& options, const Paths& paths);
+
+/// The settings of a home as a picture shows them, with what the command line asks for instead.
+PanelSettings renderedSettings(const Options& options, const Paths& paths, Date at);
+
+/// The moment that a picture shows.
+Date renderedMoment(const Options& options);
+
+/// A drawer that is to be drawn.
+struct DrawerPicture {
+    PanelView* panel = nullptr; ///< taken over
+    PanelSettings settings;
+    const SessionStore& store;
+    RunLoop& loop;
+};
+
+/// Draws a panel in its drawer, beside the tab. Gives the exit code; a failure is told on standard error.
+int writeDrawer(const DrawerPicture& picture, const Options& options);
 
 /// Draws the notice that the first press of the shortcut would bring at that moment.
 int renderHud(const Options& options, const Paths& paths);

@@ -4,6 +4,7 @@
 #include "App/Options.h"
 #include "App/Render.h"
 #include "App/RenderPet.h"
+#include "App/RenderSetup.h"
 #include "Base/Error.h"
 #include "Base/Log.h"
 #include "Platform/Linux/HomeFolder.h"
@@ -103,6 +104,8 @@ int render(const Options& options, const Paths& paths) {
         return renderIcon(options.iconSide, options.output);
     case Options::Command::renderHud:
         return renderHud(options, paths);
+    case Options::Command::renderSetup:
+        return renderSetup(options, paths);
     default:
         return renderDrawer(options, paths);
     }
