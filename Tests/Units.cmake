@@ -23,6 +23,7 @@ mimkins_test(Theme)
 if(MIMKINS_UI)
     find_package(Qt6 REQUIRED COMPONENTS Test)
     mimkins_test(Interface LIBRARIES mimkins_app Qt6::Test PROGRAMS mimkins ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+    mimkins_test(Install PROGRAMS mimkins mimkin mimkins_icons)
     add_test(NAME Desktop COMMAND Desktop/run $<TARGET_FILE:mimkins> ${CMAKE_BINARY_DIR}/Desktop
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(Desktop PROPERTIES RUN_SERIAL ON TIMEOUT 240 LABELS slow SKIP_RETURN_CODE 77)

@@ -145,7 +145,7 @@ TEST_F(LinuxSettingsFilesTest, resourcesStandAboveAProgramInTheSourceTree) {
     EXPECT_EQ(resourceFolder(folder / "tree/build/debug/Sources"), std::nullopt);
     writeFile(folder / "tree/Resources/hook/status.sh", "x");
     EXPECT_EQ(resourceFolder(folder / "tree/build/debug/Sources"), folder / "tree/Resources");
-    EXPECT_EQ(resourceFolder(), std::string(MIMKINS_SOURCE_DIR) + "/Resources");
+    EXPECT_EQ(resourceFolder(), std::string(MIMKINS_BINARY_DIR) + "/Resources");
 }
 
 TEST_F(LinuxSettingsFilesTest, resourcesOfAnotherUserDoNotCount) {

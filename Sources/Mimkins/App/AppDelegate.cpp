@@ -5,8 +5,10 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Platform/Qt/XcbHotKeys.h"
 #include "Platform/Qt/XcbWindowSystem.h"
+#include "Presentation/SetupWords.h"
 #include "Presentation/StatusItem.h"
 #include "Presentation/Summary.h"
+#include "Setup/SetupView.h"
 
 #include <QApplication>
 
@@ -39,7 +41,7 @@ AppDelegate::AppDelegate(Paths paths)
           loop_,
           links_,
           QCoreApplication::applicationFilePath().toStdString(),
-          [] { QApplication::quit(); },
+          [this] { end(); },
       }) {}
 
 AppDelegate::~AppDelegate() = default;
@@ -62,12 +64,41 @@ void AppDelegate::launch(Launch launch) {
     makeNextUp();
     followSettings();
     client_.start();
+    greet();
+}
+
+/// Opens the set-up screen for those who have yet to connect, or to do so again.
+void AppDelegate::greet() {
+    if (!needsSetup(client_.connection().status())) {
+        return;
+    }
+    drawer_.setMode(DrawerMode::setup);
+    if (!drawer_.isOpen()) {
+        windows_->toggle();
+    }
+}
+
+/// Quits once the file manager knows what to show. Until then there is nothing left that anyone could press,
+/// since a press might store a preference again.
+void AppDelegate::end() {
+    hotKey_->use(Hotkey::off);
+    statusItem_->hide();
+    for (auto* window : QApplication::topLevelWidgets()) {
+        window->hide();
+    }
+    links_.whenAnswered([] { QApplication::quit(); });
 }
 
 void AppDelegate::makeWindows() {
     windowSystem_ = XcbWindowSystem::make({loop_, loop_});
     const PanelSettings settings = panelSettingsOf(settings_, loop_.now());
     panel_ = new PanelView({*store_, drawer_, loop_, links_}, settings);
+    panel_->addScreen(
+        DrawerMode::setup,
+        new SetupView(
+            {client_.connection(), loop_, [this] { drawer_.setMode(DrawerMode::pets); }}, panel_->look()
+        )
+    );
     windows_ = std::make_unique<DrawerWindows>(
         DrawerWindows::Parts{*windowSystem_, drawer_, preferences_, loop_, panel_}, settings
     );

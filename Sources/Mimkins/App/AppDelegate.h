@@ -50,6 +50,12 @@ public:
 
     DrawerWindows* windows() { return windows_.get(); }
 
+    PanelView* panel() { return panel_; }
+
+    DrawerState& drawer() { return drawer_; }
+
+    Connection& connection() { return client_.connection(); }
+
     /// Takes a message from a second start.
     void receive(const std::string& message);
 
@@ -61,6 +67,8 @@ private:
     void followShortcut();
     void makeStatusItem();
     void makeNextUp();
+    void greet();
+    void end();
     void followSettings();
     void showCounts();
     void fillStatusMenu(QMenu& menu);

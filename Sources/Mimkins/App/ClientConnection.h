@@ -30,11 +30,14 @@ public:
 
     Connection& connection() { return connection_; }
 
+    const Paths& paths() const { return paths_; }
+
     /// Brings an already connected user's script up to date, and keeps it so from now on. Nobody is ever
     /// connected here.
     void start();
 
 private:
+    const Paths& paths_;
     LinuxSettingsFiles files_;
     HookInstaller installer_;
     HookGuard guard_;

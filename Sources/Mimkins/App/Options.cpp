@@ -157,7 +157,7 @@ struct Screen {
     Command command;
 };
 
-void describeScreen(CLI::App& render, Options& options, const Screen& screen) {
+CLI::App* describeScreen(CLI::App& render, Options& options, const Screen& screen) {
     auto* command = render.add_subcommand(screen.name, screen.purpose);
     command->add_option("--home", options.home, "The home folder whose sessions are shown")->type_name("DIR");
     command->add_option("--at", options.at, "The moment shown, in milliseconds since 1970 (else now)")
@@ -180,6 +180,18 @@ void describeScreen(CLI::App& render, Options& options, const Screen& screen) {
         ->required()
         ->type_name("FILE");
     command->callback([&options, chosen = screen.command] { options.command = chosen; });
+    return command;
+}
+
+void describeSetup(CLI::App& render, Options& options) {
+    auto* setup =
+        describeScreen(render, options, {"setup", "The drawer with the set-up screen", Command::renderSetup});
+    setup->add_option("--status", options.setup.status, "How the connection stands (notConnected)")
+        ->check(CLI::IsMember({"connected", "notConnected", "needsUpdate", "noClaudeCode"}));
+    setup->add_flag("--details", options.setup.details, "With what connecting changes in detail");
+    setup->add_flag("--press", options.setup.press, "As it is after a press on the connecting button");
+    setup->footer("Example:\n  mimkins render setup --status needsUpdate --theme paper --details -o setup.png"
+    );
 }
 
 void describeRender(CLI::App& app, Options& options) {
@@ -195,6 +207,7 @@ void describeRender(CLI::App& app, Options& options) {
         *render, options,
         {"hud", "The notice that the first press of the shortcut brings", Command::renderHud}
     );
+    describeSetup(*render, options);
     describePetPictures(*render, options);
 }
 

@@ -16,6 +16,7 @@ struct Options {
         renderSweep,
         renderSettings,
         renderHud,
+        renderSetup,
         renderPet,
         renderSheet,
         renderFilm,
@@ -40,6 +41,7 @@ struct Options {
     std::string output;
     int iconSide = 128;               ///< pixels
     std::optional<DrawerWidth> width; ///< nothing stands for the one of the settings
+    SetupRenderOptions setup;
     PetRenderOptions pet;
 };
 

@@ -33,4 +33,11 @@ struct PetRenderOptions {
     double seconds = 6;        ///< that a film shows
 };
 
+/// What `mimkins render setup` is asked for.
+struct SetupRenderOptions {
+    std::string status = "notConnected"; ///< of the connection
+    bool details = false;                ///< what connecting changes is unfolded
+    bool press = false;                  ///< the connecting button has been pressed
+};
+
 } // namespace mimkins

@@ -5,6 +5,7 @@
 #include "App/Render.h"
 #include "App/RenderPet.h"
 #include "App/RenderSettings.h"
+#include "App/RenderSetup.h"
 #include "Base/Error.h"
 #include "Base/Log.h"
 #include "Platform/Linux/HomeFolder.h"
@@ -117,6 +118,8 @@ int render(const Options& options, const Paths& paths) {
         return renderHud(options, paths);
     case Options::Command::renderSettings:
         return renderSettings(options, paths);
+    case Options::Command::renderSetup:
+        return renderSetup(options, paths);
     default:
         return renderDrawer(options, paths);
     }

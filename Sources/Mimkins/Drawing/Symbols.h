@@ -28,7 +28,9 @@ enum class Symbol : std::uint8_t {
     refresh, ///< an arrow that goes round
     partyPopper,
     shuffle, ///< two arrows that cross
-    power    ///< the sign on a switch
+    power,   ///< the sign on a switch
+    infoCircle,
+    checkmarkCircleFilled, ///< a disc with the tick cut out
 };
 
 /// Draws an icon in a square of this size with its top left corner at the origin. The ink fills most of the

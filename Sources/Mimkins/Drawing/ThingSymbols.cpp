@@ -149,6 +149,23 @@ void drawPower(GraphicsContext& context, const Shading& ink) {
     context.stroke(Path::polyline({{8, 1.8}, {8, 8}}), ink, StrokeStyle::round(1.8));
 }
 
+void drawInfo(GraphicsContext& context, const Shading& ink) {
+    context.stroke(Path::ellipse({1.5, 1.5, 13, 13}), ink, StrokeStyle::round(1.6));
+    context.fill(Path::ellipse({6.95, 3.9, 2.1, 2.1}), ink);
+    context.stroke(Path::polyline({{8, 7.7}, {8, 11.5}}), ink, StrokeStyle::round(1.7));
+}
+
+void drawFilledCheckmark(GraphicsContext& context, const Shading& ink) {
+    Path disc = Path::ellipse({0.8, 0.8, 14.4, 14.4});
+    // Against the disc's direction, so that the winding rule leaves it out.
+    disc.move({4.2, 8.9});
+    for (const Point corner : {Point{7.16, 11.86}, {11.86, 6.14}, {10.54, 5.06}, {7.04, 9.34}, {5.4, 7.7}}) {
+        disc.addLine(corner);
+    }
+    disc.closeSubpath();
+    context.fill(disc, ink);
+}
+
 } // namespace
 
 void drawThing(GraphicsContext& context, Symbol symbol, const Shading& ink) {
@@ -179,6 +196,10 @@ void drawThing(GraphicsContext& context, Symbol symbol, const Shading& ink) {
         return drawShuffle(context, ink);
     case Symbol::power:
         return drawPower(context, ink);
+    case Symbol::infoCircle:
+        return drawInfo(context, ink);
+    case Symbol::checkmarkCircleFilled:
+        return drawFilledCheckmark(context, ink);
     default:
         return;
     }

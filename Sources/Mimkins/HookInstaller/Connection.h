@@ -56,6 +56,9 @@ public:
     /// Of the last action; nothing before the first.
     const std::optional<std::string>& lastMessage() const { return lastMessage_; }
 
+    /// The sentence that is shown before the user agrees to connect.
+    std::string changeSummary() const { return parts_.installer.changeSummary(); }
+
     sigc::signal<void()>& changed() { return changed_; }
 
     /// Reads the status afresh.

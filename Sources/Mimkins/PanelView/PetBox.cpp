@@ -23,6 +23,13 @@ void PetBox::setLook(const CardLook& look) {
     update();
 }
 
+void PetBox::setPet(const Pet& pet) {
+    if (pet_ != pet) {
+        pet_ = pet;
+        update();
+    }
+}
+
 void PetBox::animate(Date now) {
     if (moment_ != now) {
         moment_ = now;

@@ -14,6 +14,8 @@ public:
     PetBox(Pet pet, double points, const CardLook& look);
 
     void setLook(const CardLook& look);
+    /// Shows another pet, as it is at the moment that was shown last.
+    void setPet(const Pet& pet);
     /// Draws the pet as it is at a moment.
     void animate(Date now);
 

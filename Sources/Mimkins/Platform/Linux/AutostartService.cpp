@@ -46,7 +46,7 @@ std::string entryText(const std::string& program) {
            "Exec=" +
            quoted(program) +
            "\n"
-           "Icon=mimkins\n"
+           "Icon=app.mimkins\n"
            "Terminal=false\n"
            "X-GNOME-Autostart-enabled=true\n";
 }

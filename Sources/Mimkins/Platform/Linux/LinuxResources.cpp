@@ -20,10 +20,20 @@ bool holdsResources(const path& folder) {
            (facts.st_uid == 0 || facts.st_uid == ::geteuid());
 }
 
+path installedResources(const std::string& programFolder) {
+    return (path(programFolder) / "../share/mimkins").lexically_normal();
+}
+
+/// Empty if the system doesn't tell.
+std::string ownFolder() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
+}
+
 } // namespace
 
 std::optional<std::string> resourceFolder(const std::string& programFolder) {
-    const path installed = (path(programFolder) / "../share/mimkins").lexically_normal();
+    const path installed = installedResources(programFolder);
     if (holdsResources(installed)) {
         return installed.string();
     }
@@ -38,14 +48,22 @@ std::optional<std::string> resourceFolder(const std::string& programFolder) {
 }
 
 std::optional<std::string> resourceFolder() {
-    std::error_code error;
-    const path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::nullopt : resourceFolder(program.parent_path().string());
+    const std::string own = ownFolder();
+    return own.empty() ? std::nullopt : resourceFolder(own);
 }
 
 std::optional<std::string> bundledHookScript() {
     const auto folder = resourceFolder();
     return folder ? std::optional(*folder + "/hook/status.sh") : std::nullopt;
+}
+
+AgentResources agentResources(const std::string& programFolder) {
+    const path folder = resourceFolder(programFolder).value_or(installedResources(programFolder).string());
+    return {(folder / "AGENT-SETUP.md").string(), (folder / "bin/mimkin").string()};
+}
+
+AgentResources agentResources() {
+    return agentResources(ownFolder());
 }
 
 } // namespace mimkins

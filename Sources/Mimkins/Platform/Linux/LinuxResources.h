@@ -17,4 +17,17 @@ std::optional<std::string> resourceFolder(const std::string& programFolder);
 /// The hook script that came with the running program; nothing if it isn't there.
 std::optional<std::string> bundledHookScript();
 
+/// What came with a program for other agents.
+struct AgentResources {
+    std::string guide;   ///< how an agent connects itself
+    std::string command; ///< what it runs then
+};
+
+/// Absolute paths. A program without resources gets those at which an installed one has them; whether
+/// anything is there isn't asked.
+AgentResources agentResources(const std::string& programFolder);
+
+/// Those of the running program.
+AgentResources agentResources();
+
 } // namespace mimkins

@@ -8,13 +8,18 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QStringList>
+#include <QTimer>
 #include <QUrl>
 
 #include <functional>
+#include <utility>
 
 namespace mimkins {
 
 namespace {
+
+/// A file manager that has to be started first may take a while.
+constexpr int longestWait = 5'000; // milliseconds
 
 void openWithHandler(const QUrl& url) {
     if (!QDesktopServices::openUrl(url)) {
@@ -37,23 +42,44 @@ QDBusMessage fileManagerCall(const QString& method, const QUrl& item) {
     return call;
 }
 
+} // namespace
+
 /// Calls the file manager, or does something else where there is none.
-void askFileManager(const QString& method, const QUrl& item, const std::function<void()>& otherwise) {
+void QtLinkOpener::askFileManager(
+    const QString& method, const QUrl& item, const std::function<void()>& otherwise
+) {
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         otherwise();
         return;
     }
-    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(fileManagerCall(method, item)));
-    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, otherwise] {
+    ++unanswered_;
+    auto* answer = new QDBusPendingCallWatcher(bus.asyncCall(fileManagerCall(method, item)), &context_);
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [this, answer, otherwise] {
         if (answer->isError()) {
             otherwise();
         }
         answer->deleteLater();
+        if (--unanswered_ == 0) {
+            goOn();
+        }
     });
 }
 
-} // namespace
+void QtLinkOpener::whenAnswered(std::function<void()> work) {
+    afterwards_ = std::move(work);
+    if (unanswered_ == 0) {
+        goOn();
+    } else {
+        QTimer::singleShot(longestWait, &context_, [this] { goOn(); });
+    }
+}
+
+void QtLinkOpener::goOn() {
+    if (const auto work = std::exchange(afterwards_, nullptr)) {
+        work();
+    }
+}
 
 void QtLinkOpener::openLink(const std::string& link) {
     openWithHandler(QUrl(QString::fromStdString(link)));

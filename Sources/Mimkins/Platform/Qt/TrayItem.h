@@ -25,6 +25,8 @@ public:
     /// Shows the item, which must have its picture by then.
     void show();
 
+    void hide() { icon_.hide(); }
+
 private:
     void fillMenu();
 

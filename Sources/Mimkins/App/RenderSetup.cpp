@@ -1,0 +1,89 @@
+#include "App/RenderSetup.h"
+
+#include "App/ClientConnection.h"
+#include "App/Render.h"
+#include "Platform/Linux/DemoHome.h"
+#include "Platform/Linux/JsonPreferencesStore.h"
+#include "Platform/Linux/LinuxResources.h"
+#include "Platform/Linux/OneLoad.h"
+#include "Setup/SetupView.h"
+
+#include <filesystem>
+#include <iostream>
+
+namespace mimkins {
+
+namespace {
+
+class NoLinks final : public LinkOpener {
+public:
+    void openLink(const std::string&) override {}
+
+    void showFile(const std::string&) override {}
+
+    void showFolder(const std::string&) override {}
+};
+
+/// A home that goes away with the object.
+struct StagedHome {
+    StagedHome() = default;
+    StagedHome(const StagedHome&) = delete;
+    StagedHome& operator=(const StagedHome&) = delete;
+
+    ~StagedHome() { home.remove(); }
+
+    DemoHome home = DemoHome::temporary();
+    Paths paths{home.path()};
+};
+
+/// Brings a new home into the state whose name is given.
+void stage(const Paths& paths, const std::string& status) {
+    if (status == "noClaudeCode") {
+        return;
+    }
+    std::filesystem::create_directories(paths.clientFolder());
+    if (status == "notConnected") {
+        return;
+    }
+    LinuxSettingsFiles files;
+    HookInstaller(paths, bundledHookScript(), files).connect();
+    if (status == "needsUpdate") {
+        std::filesystem::remove(paths.hookScript());
+    }
+}
+
+int draw(const Options& options, const Paths& paths) {
+    const Date at = renderedMoment(options);
+    const StagedHome staged;
+    stage(staged.paths, options.setup.status);
+    NoLinks links;
+    NoWatcher watcher;
+    StandingLoop loop(at);
+    JsonPreferencesStore preferences(staged.paths.preferencesFolder(), "app.mimkins");
+    ClientConnection client({staged.paths, preferences, watcher, loop, links, "", [] {}});
+    OneLoad load(staged.paths, {}, at);
+    DrawerState state;
+    state.setMode(DrawerMode::setup);
+    const PanelSettings settings = renderedSettings(options, paths, at);
+    auto* panel = new PanelView({load.store(), state, loop, links}, settings);
+    auto* setup = new SetupView({client.connection(), loop, nullptr}, panel->look());
+    panel->addScreen(DrawerMode::setup, setup);
+    if (options.setup.press) {
+        client.connection().connect();
+    }
+    setup->setShowDetails(options.setup.details, Unfolding::Motion::jump);
+    return writeDrawer({panel, settings, load.store(), loop}, options);
+}
+
+} // namespace
+
+int renderSetup(const Options& options, const Paths& paths) {
+    try {
+        return draw(options, paths);
+    } catch (const std::exception& error) {
+        std::cerr << "mimkins: " << error.what() << "\n";
+        return 1;
+    }
+}
+
+} // namespace mimkins

@@ -1,0 +1,88 @@
+#include "Setup/SetupKit.h"
+
+#include "Drawing/Qt/Conversions.h"
+
+#include <cmath>
+
+namespace mimkins::kit {
+
+namespace {
+
+constexpr int longestUnbroken = 18;
+constexpr QChar breakHere(0x200B); ///< takes no room
+
+/// A long word with places to break: behind its marks, and where there are none for long, anywhere.
+QString breakable(const QString& word) {
+    QString broken;
+    int unbroken = 0;
+    for (const QChar character : word) {
+        broken += character;
+        ++unbroken;
+        const bool mark = QString("./-_").contains(character);
+        if ((mark || unbroken >= longestUnbroken) && !character.isHighSurrogate()) {
+            broken += breakHere;
+            unbroken = 0;
+        }
+    }
+    return broken;
+}
+
+QString withBreaks(const QString& words) {
+    QStringList pieces = words.split(' ');
+    for (QString& piece : pieces) {
+        if (piece.size() > longestUnbroken) {
+            piece = breakable(piece);
+        }
+    }
+    return pieces.join(' ');
+}
+
+/// How light a colour looks, 0 to 1.
+double luminance(const Color& color) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+}
+
+} // namespace
+
+Color accent(const PetTheme& theme) {
+    return theme.title.empty() ? theme.working : theme.title.front();
+}
+
+Color inkOn(const Color& ground) {
+    // Where black and white stand out equally well.
+    constexpr double middle = 0.179;
+    return luminance(ground) > middle ? Color::black(0.85) : Color::white(0.95);
+}
+
+QFont systemFont(const CardLook& look, double points, QFont::Weight weight) {
+    return Typography(FontDesign::standard, look.typography.scale()).font(points, weight);
+}
+
+QLabel* wrappedLabel(Qt::Alignment alignment) {
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAlignment(alignment);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    label->setSizePolicy(policy);
+    return label;
+}
+
+void dress(QLabel& label, const QFont& font, const Color& color) {
+    label.setFont(font);
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, qt::color(color));
+    label.setPalette(palette);
+}
+
+void show(QLabel& label, std::string_view words) {
+    const QString whole = qt::text(words);
+    label.setText(withBreaks(whole));
+    label.setAccessibleName(whole);
+}
+
+} // namespace mimkins::kit
