@@ -27,6 +27,9 @@ protected:
 
     void write(const std::string& text) const { std::ofstream(path) << text; }
 
+    /// Longer than a step of the file system's clock.
+    static void letTimePass() { ::usleep(20'000); }
+
     void setTime(const std::string& file, time_t seconds) const {
         const timespec times[2]{{seconds, 0}, {seconds, 0}}; // NOLINT(modernize-avoid-c-arrays)
         ASSERT_EQ(::utimensat(AT_FDCWD, file.c_str(), times, 0), 0);
@@ -69,7 +72,7 @@ TEST_F(KeptReadingTest, EndsWithAnotherFileOfTheSameSizeAndTime) {
 TEST_F(KeptReadingTest, EndsWhenTheTimeOfAChangeIsSetBack) {
     setTime(path, 1'000);
     keep();
-    ::usleep(20'000);
+    letTimePass();
     write("two");
     setTime(path, 1'000);
     EXPECT_FALSE(holds());
@@ -88,6 +91,7 @@ TEST_F(KeptReadingTest, EndsWithTheFile) {
     keep();
     std::filesystem::remove(path);
     EXPECT_FALSE(holds());
+    letTimePass();
     write("one");
     EXPECT_FALSE(holds());
 }
@@ -105,15 +109,15 @@ TEST_F(KeptReadingTest, EndsWhenALinkLeadsElsewhere) {
 
 TEST_F(KeptReadingTest, OfAFolderEndsWithItsEntries) {
     const auto stamp = files.stamp(folder.path());
-    ::usleep(20'000);
+    letTimePass();
     std::ofstream(folder / "other") << "two";
     const auto added = files.stamp(folder.path());
     EXPECT_NE(added, stamp);
-    ::usleep(20'000);
+    letTimePass();
     std::filesystem::rename(folder / "other", folder / "another");
     const auto renamed = files.stamp(folder.path());
     EXPECT_NE(renamed, added);
-    ::usleep(20'000);
+    letTimePass();
     std::filesystem::remove(folder / "another");
     EXPECT_NE(files.stamp(folder.path()), renamed);
 }
