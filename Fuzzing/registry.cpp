@@ -72,7 +72,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     const auto files = fuzz::asFiles(pieces, "/registry");
-    require(readRegistry(files, processes, "/registry") == expected, "the last living entry stands");
-    require(readRegistry(files, test::FakeProcesses(), "/registry").empty(), "the dead have no entry");
+    RegistryReader reader(files, processes);
+    require(reader.read("/registry", fuzz::now) == expected, "the last living entry stands");
+    require(reader.read("/registry", fuzz::now) == expected, "kept documents give the same entries");
+    const test::FakeProcesses none;
+    require(RegistryReader(files, none).read("/registry", fuzz::now).empty(), "the dead have no entry");
     return 0;
 }

@@ -46,6 +46,10 @@ void requireSoundFacts(const TranscriptTail& tail) {
     json::Parser parser;
     const auto facts = transcriptFacts(tail, fallback, parser);
     require(transcriptFacts(tail, fallback, parser) == facts, "used memory makes no difference");
+    require(
+        transcriptFacts(tail, fallback, parser, LinesToParse::all) == facts,
+        "lines that aren't parsed tell nothing"
+    );
     require(!facts.model.model || !facts.model.model->empty(), "a model has a name");
     require(!facts.model.effort || !facts.model.effort->empty(), "an effort has a name");
     for (const auto& call : facts.pending) {

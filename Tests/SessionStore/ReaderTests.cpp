@@ -136,29 +136,86 @@ TEST(RegistryReader, IsTolerantOfEveryOptionalField) {
     EXPECT_FALSE(parseRegistryEntry("[]"));
 }
 
-TEST(RegistryReader, KeepsOnlyLivingProcesses) {
+namespace {
+
+constexpr Date now{1'795'246'000};
+
+/// A registry with one file that says what a session does.
+class RegistryReaderTest : public testing::Test {
+protected:
+    RegistryReaderTest() { processes.processes[7] = {}; }
+
+    static std::string entry(const std::string& id, const std::string& status, int pid = 7) {
+        return R"({"sessionId":")" + id + R"(","status":")" + status + R"(","pid":)" + std::to_string(pid) +
+               "}";
+    }
+
+    std::string status(Date date = now) {
+        const auto entries = reader.read("/r", date);
+        return entries.contains("s") ? entries.at("s").status : "none";
+    }
+
     MemoryFileSystem files;
     FakeProcesses processes;
-    processes.processes[7] = {};
-    files.write("/r/.hidden.json", R"({"sessionId":"s","status":"busy","pid":7})");
-    files.write("/r/8.json", R"({"sessionId":"gone","status":"busy","pid":8})");
-    files.write("/r/9.txt", R"({"sessionId":"t","status":"busy","pid":7})");
-    auto entries = readRegistry(files, processes, "/r");
+    RegistryReader reader{files, processes};
+};
+
+} // namespace
+
+TEST_F(RegistryReaderTest, KeepsOnlyLivingProcesses) {
+    files.write("/r/.hidden.json", entry("s", "busy"));
+    files.write("/r/8.json", entry("gone", "busy", 8));
+    files.write("/r/9.txt", entry("t", "busy"));
+    const auto entries = reader.read("/r", now);
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_TRUE(entries.contains("s")) << "only the status folders skip hidden files";
 
     processes.processes.erase(7);
-    EXPECT_TRUE(readRegistry(files, processes, "/r").empty());
-    EXPECT_TRUE(readRegistry(files, processes, "/missing").empty());
+    EXPECT_TRUE(reader.read("/r", now).empty());
+    EXPECT_TRUE(reader.read("/missing", now).empty());
+    processes.processes[8] = {};
+    EXPECT_TRUE(reader.read("/r", now).contains("gone"));
 }
 
-TEST(RegistryReader, LaterFileOfOneSessionStands) {
-    MemoryFileSystem files;
-    FakeProcesses processes;
-    processes.processes[7] = {};
-    files.write("/r/1.json", R"({"sessionId":"s","status":"busy","pid":7})");
-    files.write("/r/2.json", R"({"sessionId":"s","status":"idle","pid":7})");
-    EXPECT_EQ(readRegistry(files, processes, "/r").at("s").status, "idle");
+TEST_F(RegistryReaderTest, LaterFileOfOneSessionStands) {
+    files.write("/r/1.json", entry("s", "busy"));
+    files.write("/r/2.json", entry("s", "idle"));
+    EXPECT_EQ(status(), "idle");
+    files.remove("/r/2.json");
+    EXPECT_EQ(status(), "busy");
+}
+
+TEST_F(RegistryReaderTest, AFileIsReadOnlyWhenItChanges) {
+    files.write("/r/1.json", entry("s", "busy"));
+    EXPECT_EQ(status(), "busy");
+    EXPECT_EQ(status(), "busy");
+    EXPECT_EQ(files.reads("/r/1.json"), 1);
+    files.write("/r/1.json", entry("s", "idle"));
+    EXPECT_EQ(status(), "idle") << "another file of the same size and time";
+    files.write("/r/1.json", "");
+    EXPECT_EQ(status(), "none") << "cut short";
+    EXPECT_EQ(status(), "none");
+    EXPECT_EQ(files.reads("/r/1.json"), 3) << "what can't be used isn't tried again either";
+    files.remove("/r/1.json");
+    EXPECT_EQ(status(), "none");
+    files.write("/r/1.json", entry("s", "waiting"));
+    EXPECT_EQ(status(), "waiting");
+}
+
+TEST_F(RegistryReaderTest, AChangeThatAFileTimeMayNotShowIsRead) {
+    files.write("/r/1.json", entry("s", "busy"), fileTime(1'795'246'000, 1));
+    for (const double age : {0.0, 0.05, 0.2, 0.3, 1.0}) {
+        EXPECT_EQ(status(now + age), "busy");
+    }
+    EXPECT_EQ(files.reads("/r/1.json"), 3);
+}
+
+TEST_F(RegistryReaderTest, AFileThatCouldNotBeReadIsTriedAgain) {
+    files.write("/r/1.json", entry("s", "busy"));
+    files.setReadable("/r/1.json", false);
+    EXPECT_EQ(status(), "none");
+    files.setReadable("/r/1.json", true);
+    EXPECT_EQ(status(), "busy");
 }
 
 namespace {

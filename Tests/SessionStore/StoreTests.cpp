@@ -420,6 +420,7 @@ TEST_F(Store, OpenCallBecomesAnApprovalAfterTenSeconds) {
     loop.advance(1);
     EXPECT_EQ(store->sessions().front().mood, Mood::needsPermission);
     EXPECT_EQ(store->sessions().front().activity(), "Bash: Make x");
+    EXPECT_EQ(files.reads("/t/s.jsonl"), 1) << "one reading serves the model and the calls";
     EXPECT_EQ(keepers, Ids{"s"});
     files.write("/t/s.jsonl", "", fileTime(2));
     loop.advance(2);

@@ -167,6 +167,31 @@ TEST_F(ApprovalFinderTest, ATranscriptIsReadAgainOnlyWhenItChanges) {
     EXPECT_EQ(files.reads("/s.jsonl"), 2);
 }
 
+TEST_F(ApprovalFinderTest, CallsThatSomebodyHasJustReadAreNotReadAgain) {
+    writeBash("make");
+    const auto offered = *files.stamp("/s.jsonl");
+    finder.offer("/s.jsonl", offered, {{"Edit", "a", std::nullopt, made}});
+    EXPECT_EQ(refresh().approvals.at("s").tool, "Edit");
+    EXPECT_EQ(files.reads("/s.jsonl"), 0);
+}
+
+TEST_F(ApprovalFinderTest, CallsOfAnotherStateOfTheTranscriptAreNotTaken) {
+    writeBash("make");
+    const auto before = *files.stamp("/s.jsonl");
+    writeBash("more"); // another file, but of the same size and time
+    finder.offer("/s.jsonl", before, {{"Edit", "a", std::nullopt, made}});
+    EXPECT_EQ(refresh().approvals.at("s").detail, "more");
+    EXPECT_EQ(files.reads("/s.jsonl"), 1);
+}
+
+TEST_F(ApprovalFinderTest, AnOfferLastsForOneRound) {
+    writeBash("make");
+    const auto offered = *files.stamp("/s.jsonl");
+    finder.offer("/s.jsonl", offered, {{"Edit", "a", std::nullopt, made}});
+    finder.refresh({}, made);
+    EXPECT_EQ(refresh().approvals.at("s").tool, "Bash");
+}
+
 TEST_F(ApprovalFinderTest, ATranscriptWhoseTimeCannotBeHadAddsNothing) {
     writeBash("make");
     EXPECT_EQ(refresh().approvals.size(), 1U);

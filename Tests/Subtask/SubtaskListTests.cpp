@@ -102,11 +102,107 @@ TEST_F(SubtaskListTest, AFinishedOneIsReadOnce) {
     EXPECT_EQ(files.reads(path), 1);
 }
 
-TEST_F(SubtaskListTest, ARunningOneIsReadEachTime) {
+TEST_F(SubtaskListTest, ARunningOneIsReadOnceButJudgedEachTime) {
     const auto path = add("a", 4, done);
     EXPECT_TRUE(reload().at(0).running);
     EXPECT_FALSE(reload(now + 2).at(0).running);
-    EXPECT_EQ(files.reads(path), 2);
+    EXPECT_EQ(files.reads(path), 1);
+}
+
+TEST_F(SubtaskListTest, SilenceEndsARunningOneThatIsNotReadAgain) {
+    const auto path = add("a", 0, busy);
+    EXPECT_EQ(reload(now + 1'799).at(0).tool, "Bash");
+    EXPECT_THAT(reload(now + 1'800), IsEmpty());
+    EXPECT_EQ(files.reads(path), 1);
+}
+
+TEST_F(SubtaskListTest, AChangeThatAFileTimeMayNotShowIsRead) {
+    const auto path = add("a", 0, busy);
+    reload(now + 1);
+    reload(now + 2);
+    reload(now + 2.5);
+    reload(now + 5);
+    EXPECT_EQ(files.reads(path), 3) << "the file's time has whole seconds, and so stands for two of them";
+    files.write(path, transcriptText(busy), fileTime(seconds, 500'000'000));
+    reload(now + 0.55);
+    reload(now + 0.65);
+    reload(now + 0.7);
+    EXPECT_EQ(files.reads(path), 5);
+}
+
+TEST_F(SubtaskListTest, ARunningOneIsReadWhenItsFileIsReplaced) {
+    const auto path = add("a", 60, {assistantLine({toolUse("1", "Bash")})});
+    EXPECT_EQ(reload().at(0).tool, "Bash");
+    add("a", 60, {assistantLine({toolUse("1", "Read")})});
+    EXPECT_EQ(reload().at(0).tool, "Read") << "another file of the same size and time";
+    files.write(path, "", fileTime(seconds - 60));
+    EXPECT_EQ(reload().at(0).tool, std::nullopt) << "cut short";
+    files.remove(path);
+    EXPECT_THAT(reload(), IsEmpty());
+    add("a", 60, {assistantLine({toolUse("1", "Edit")})});
+    EXPECT_EQ(reload().at(0).tool, "Edit");
+}
+
+TEST_F(SubtaskListTest, AFileThatCouldNotBeReadIsTriedAgain) {
+    const auto path = add("a", 60, busy);
+    files.write("/sub/agent-a.meta.json", R"({"description":"Look around"})", fileTime(seconds - 60));
+    files.setReadable(path, false);
+    files.setReadable("/sub/agent-a.meta.json", false);
+    EXPECT_EQ(reload().at(0).tool, std::nullopt);
+    EXPECT_EQ(reload().at(0).description, "Subagent");
+    files.setReadable(path, true);
+    files.setReadable("/sub/agent-a.meta.json", true);
+    EXPECT_EQ(reload().at(0).tool, "Bash");
+    EXPECT_EQ(reload().at(0).description, "Look around");
+}
+
+TEST_F(SubtaskListTest, TheMetadataOfARunningOneIsReadWhenItChanges) {
+    const std::string metadata = "/sub/agent-a.meta.json";
+    add("a", 60, busy);
+    EXPECT_EQ(reload().at(0).started, now - 60);
+    files.write(metadata, R"({"description":"One"})", fileTime(seconds - 70));
+    EXPECT_EQ(reload().at(0).description, "One");
+    EXPECT_EQ(reload().at(0).started, now - 70);
+    EXPECT_EQ(files.reads(metadata), 2) << "once in vain";
+    files.write(metadata, R"({"description":"Two"})", fileTime(seconds - 70));
+    EXPECT_EQ(reload().at(0).description, "Two");
+    files.remove(metadata);
+    EXPECT_EQ(reload().at(0).description, "Subagent");
+    EXPECT_EQ(reload().at(0).started, now - 60);
+}
+
+TEST_F(SubtaskListTest, AFolderIsListedOnlyWhenItChanges) {
+    add("a", 60, busy);
+    EXPECT_EQ(reload().size(), 1U);
+    EXPECT_EQ(reload().size(), 1U);
+    EXPECT_EQ(files.listings(), 1);
+    add("b", 60, busy);
+    EXPECT_EQ(reload().size(), 2U);
+    files.remove("/sub/agent-a.jsonl");
+    EXPECT_THAT(idsOf(reload()), ElementsAre("b"));
+    files.remove("/sub");
+    EXPECT_THAT(reload(), IsEmpty());
+    add("c", 60, busy);
+    EXPECT_THAT(idsOf(reload()), ElementsAre("c"));
+}
+
+TEST_F(SubtaskListTest, AnEmptyFolderIsListedEachTime) {
+    files.createFolders("/sub");
+    reload();
+    reload();
+    EXPECT_EQ(files.listings(), 2) << "it may be one that can't be listed for a moment";
+}
+
+TEST_F(SubtaskListTest, SessionsThatShareAFolderShowTheSame) {
+    add("busy", 10, busy);
+    add("done", 20, done);
+    folders.push_back({"t", "/sub"});
+    for (int round = 0; round < 3; ++round) {
+        const auto map = list.reload(folders, {}, now);
+        EXPECT_THAT(idsOf(map.at("s")), ElementsAre("busy", "done"));
+        EXPECT_EQ(map.at("s"), map.at("t"));
+    }
+    EXPECT_EQ(files.reads("/sub/agent-done.jsonl"), 1);
 }
 
 TEST_F(SubtaskListTest, AFinishedOneWhoseFileChangesCanRunAgain) {

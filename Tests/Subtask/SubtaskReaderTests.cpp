@@ -198,8 +198,10 @@ TEST(SubtaskReader, ReadsTheRecordingOfASession) {
     const auto tail = reader.tail(transcript, SubtaskReader::tailBytes);
     EXPECT_EQ(tail.size(), 64U);
     EXPECT_THAT(reader.pendingTools(tail, modified), IsEmpty());
-    EXPECT_EQ(reader.modelTag(transcript), (ModelTag{"claude-opus-4-8", std::nullopt}));
-    EXPECT_EQ(reader.modelTag(recordings + "missing.jsonl"), ModelTag());
+    const auto facts = reader.facts(transcript, Date());
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->model, (ModelTag{"claude-opus-4-8", std::nullopt}));
+    EXPECT_FALSE(reader.facts(recordings + "missing.jsonl", Date()));
 }
 
 // Cut anywhere, as a reader meets a file that is being written, the recording never names a wrong call.

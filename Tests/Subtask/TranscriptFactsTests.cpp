@@ -27,7 +27,9 @@ std::optional<std::string> detailOf(const Json& input) {
 
 TranscriptFacts factsOf(const TranscriptTail& tail) {
     json::Parser parser;
-    return transcriptFacts(tail, fallback, parser);
+    const auto facts = transcriptFacts(tail, fallback, parser);
+    EXPECT_EQ(transcriptFacts(tail, fallback, parser, LinesToParse::all), facts) << "no line is missed";
+    return facts;
 }
 
 TranscriptFacts factsOf(const std::vector<Json>& lines) {
@@ -311,6 +313,12 @@ Json randomLine() {
         );
     }
     Json line = assistantLine(content, "none");
+    if (*rc::gen::inRange(0, 2) == 0) {
+        line["message"]["id"] = "msg_" + id();
+    }
+    if (*rc::gen::inRange(0, 3) == 0) {
+        line["message"]["usage"] = {{"id", id()}};
+    }
     line["message"]["model"] = *rc::gen::element<std::string>("claude-a", "claude-b", "<synthetic>");
     if (*rc::gen::inRange(0, 3) == 0) {
         line["effort"] = id();

@@ -2,11 +2,14 @@
 
 #include "Platform/FileSystem.h"
 
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mimkins::test {
 
@@ -25,12 +28,14 @@ public:
         std::optional<FileTime> time;
         /// False for a file that is there but can't be opened.
         bool readable = true;
+        /// Another one for each file that takes a path.
+        std::uint64_t inode = 0;
     };
 
     /// Writes a file, making the folders above it. Answers the file, to be changed further.
     File& write(const std::string& path, std::string_view bytes, std::optional<FileTime> time = FileTime{}) {
         createFolders(parent(path));
-        return files_[path] = File{std::string(bytes), time, true};
+        return files_[path] = File{std::string(bytes), time, true, ++lastInode_};
     }
 
     void append(const std::string& path, std::string_view bytes, FileTime time) {
@@ -41,6 +46,8 @@ public:
     }
 
     void setTime(const std::string& path, std::optional<FileTime> time) { files_.at(path).time = time; }
+
+    void setReadable(const std::string& path, bool readable) { files_.at(path).readable = readable; }
 
     /// Removes a file, or a folder with all that lies below it.
     void remove(const std::string& path) {
@@ -73,18 +80,7 @@ public:
 
     std::vector<std::string> list(const std::string& folder) const override {
         ++listings_;
-        std::set<std::string> names;
-        for (const auto& [path, file] : files_) {
-            if (parent(path) == folder) {
-                names.insert(path.substr(folder.size() + 1));
-            }
-        }
-        for (const auto& path : folders_) {
-            if (path != folder && parent(path) == folder) {
-                names.insert(path.substr(folder.size() + 1));
-            }
-        }
-        return {names.begin(), names.end()};
+        return entries(folder);
     }
 
     std::optional<FileTime> modified(const std::string& path) const override {
@@ -93,6 +89,23 @@ public:
             return file->second.time;
         }
         return isFolder(path) ? std::optional<FileTime>(FileTime{}) : std::nullopt;
+    }
+
+    /// A file's last change of any kind is the last one of its contents. A folder's stamp tells its entries.
+    std::optional<FileStamp> stamp(const std::string& path) const override {
+        const auto time = modified(path);
+        if (!time) {
+            return std::nullopt;
+        }
+        const auto file = files_.find(path);
+        if (file != files_.end()) {
+            return FileStamp{*time, *time, file->second.bytes.size(), file->second.inode, 0};
+        }
+        std::string names;
+        for (const auto& name : entries(path)) {
+            names += name + "/";
+        }
+        return FileStamp{*time, *time, std::hash<std::string>()(names), 0, 0};
     }
 
     bool isFolder(const std::string& path) const override { return folders_.contains(path); }
@@ -122,10 +135,26 @@ private:
         return slash == std::string::npos ? std::string() : path.substr(0, slash);
     }
 
+    std::vector<std::string> entries(const std::string& folder) const {
+        std::set<std::string> names;
+        for (const auto& [path, file] : files_) {
+            if (parent(path) == folder) {
+                names.insert(path.substr(folder.size() + 1));
+            }
+        }
+        for (const auto& path : folders_) {
+            if (path != folder && parent(path) == folder) {
+                names.insert(path.substr(folder.size() + 1));
+            }
+        }
+        return {names.begin(), names.end()};
+    }
+
     std::map<std::string, File> files_;
     std::set<std::string> folders_;
     mutable std::map<std::string, int> reads_;
     mutable int listings_ = 0;
+    std::uint64_t lastInode_ = 0;
 };
 
 } // namespace mimkins::test

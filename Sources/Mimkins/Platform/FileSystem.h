@@ -22,6 +22,26 @@ struct FileTime {
     friend auto operator<=>(const FileTime&, const FileTime&) = default;
 };
 
+/// What tells one state of a file from another without reading it. Contents that were read while a file had a
+/// settled stamp are its contents for as long as it has that stamp.
+struct FileStamp {
+    FileTime modified; ///< the last change of contents
+    FileTime changed;  ///< the last change of any kind; no program can set it back
+    std::uint64_t size = 0;
+    std::uint64_t inode = 0;
+    std::uint64_t device = 0;
+
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+/// True if a change at `now` or later gives the file another stamp. The system's file times advance in steps,
+/// so that two changes right after each other may look like one.
+inline bool isSettled(const FileStamp& stamp, Date now) {
+    // Some file systems keep whole or even seconds only.
+    const double step = stamp.changed.nanoseconds == 0 ? 2.0 : 0.1;
+    return now - stamp.changed.date() > step;
+}
+
 /// Reading of files that other programs own. They are hostile until read: only regular files are opened
 /// (never a pipe or a device, and without waiting), and every failure is the absence of a result.
 class FileSystem {
@@ -47,6 +67,10 @@ public:
 
     /// The time of the last change of contents, links followed.
     virtual std::optional<FileTime> modified(const std::string& path) const = 0;
+
+    /// What tells the file's or folder's present state from others, links followed. A folder has another one
+    /// after an entry was added, removed or renamed.
+    virtual std::optional<FileStamp> stamp(const std::string& path) const = 0;
 
     /// True if the path leads to a folder, links followed.
     virtual bool isFolder(const std::string& path) const = 0;

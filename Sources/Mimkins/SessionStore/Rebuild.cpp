@@ -22,6 +22,12 @@ bool SessionStore::isLive(const std::string& id, Date now) const {
 }
 
 SessionInputs SessionStore::inputs(const std::string& id, Date now) const {
+    SessionInputs known = inputsWithoutRepo(id, now);
+    known.repo = ownedChanges(id);
+    return known;
+}
+
+SessionInputs SessionStore::inputsWithoutRepo(const std::string& id, Date now) const {
     SessionInputs known;
     known.hook = lookup(records_, id);
     known.registry = lookup(registry_, id);
@@ -35,7 +41,6 @@ SessionInputs SessionStore::inputs(const std::string& id, Date now) const {
             }
         }
     }
-    known.repo = ownedChanges(id);
     known.background = lookup(background_, id);
     known.rules = rules_;
     known.transcriptModel = transcriptModel(id);
@@ -57,12 +62,18 @@ std::vector<Session> SessionStore::build(Date now) {
     for (const auto& entry : registry_) {
         ids.insert(entry.first);
     }
+    const auto sharing = sharingCounts(sessions_, rootOf());
     std::vector<Session> built;
     for (const auto& id : ids) {
         if (!isLive(id, now)) {
             continue;
         }
-        if (auto derivation = derive(id, now); derivation.session) {
+        auto known = inputsWithoutRepo(id, now);
+        if (const auto root = repoRoot(id)) {
+            const auto* count = lookup(sharing, *root);
+            known.repo = repositories_.ownedChanges(id, *root, count != nullptr ? *count : 0);
+        }
+        if (auto derivation = deriveSession(known); derivation.session) {
             built.push_back(std::move(*derivation.session));
         }
     }

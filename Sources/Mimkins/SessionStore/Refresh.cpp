@@ -28,18 +28,27 @@ void SessionStore::reloadTranscriptModels() {
         const auto* app = lookup(appInfo(), session.id);
         const auto path =
             session.agent || (app != nullptr && app->model) ? std::nullopt : transcriptPath(session.id);
-        const auto modified = path ? services_.files.modified(*path) : std::nullopt;
-        if (!modified) {
+        const auto stamp = path ? services_.files.stamp(*path) : std::nullopt;
+        if (!stamp) {
             continue;
         }
         const auto known = transcriptModels_.find(session.id);
-        if (known != transcriptModels_.end() && known->second.modified == *modified) {
+        if (known != transcriptModels_.end() && known->second.modified == stamp->modified) {
             live.insert(transcriptModels_.extract(known));
         } else {
-            live.insert_or_assign(session.id, TranscriptModel{*modified, transcriptReader_.modelTag(*path)});
+            live.insert_or_assign(session.id, TranscriptModel{stamp->modified, readModel(*path, *stamp)});
         }
     }
     transcriptModels_ = std::move(live);
+}
+
+ModelTag SessionStore::readModel(const std::string& transcript, const FileStamp& stamp) {
+    auto facts = transcriptReader_.facts(transcript, stamp.modified.date());
+    if (!facts) {
+        return {};
+    }
+    approvalFinder_.offer(transcript, stamp, std::move(facts->pending));
+    return std::move(facts->model);
 }
 
 void SessionStore::assignSubtasks(SubtaskMap subtasks) {

@@ -3,6 +3,8 @@
 #include "Base/Json.h"
 #include "Base/Text.h"
 
+#include <utility>
+
 namespace mimkins {
 
 namespace {
@@ -38,20 +40,34 @@ std::optional<RegistryEntry> parseRegistryEntry(std::string_view text) {
     return entry;
 }
 
-std::map<std::string, RegistryEntry>
-readRegistry(const FileSystem& files, const Processes& processes, const std::string& folder) {
+std::map<std::string, RegistryEntry> RegistryReader::read(const std::string& folder, Date now) {
     std::map<std::string, RegistryEntry> entries;
-    for (const auto& name : files.list(folder)) {
+    std::map<std::string, Document> seen;
+    for (const auto& name : files_->list(folder)) {
         if (text::pathExtension(name) != "json") {
             continue;
         }
-        const auto bytes = files.readFile(folder + "/" + name, largestRegistryFile);
-        auto entry = bytes ? parseRegistryEntry(*bytes) : std::nullopt;
-        if (entry && processes.isAlive(entry->pid)) {
-            entries.insert_or_assign(entry->sessionId, std::move(*entry));
+        const std::string path = std::string(folder).append("/").append(name);
+        const auto stamp = files_->stamp(path);
+        auto known = documents_.extract(path);
+        if (known.empty() || !known.mapped().holdsFor(stamp)) {
+            known = std::map<std::string, Document>{{path, readDocument(path, stamp, now)}}.extract(path);
+        }
+        const auto& entry = seen.insert(std::move(known)).position->second.value();
+        if (entry && processes_->isAlive(entry->pid)) {
+            entries.insert_or_assign(entry->sessionId, *entry);
         }
     }
+    documents_ = std::move(seen);
     return entries;
+}
+
+RegistryReader::Document
+RegistryReader::readDocument(const std::string& path, const std::optional<FileStamp>& stamp, Date now) const {
+    const auto bytes = files_->readFile(path, largestRegistryFile);
+    Document document;
+    document.take(bytes ? parseRegistryEntry(*bytes) : std::nullopt, bytes ? stamp : std::nullopt, now);
+    return document;
 }
 
 } // namespace mimkins

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "Base/Date.h"
 #include "Platform/FileSystem.h"
+#include "Platform/KeptReading.h"
 #include "Platform/Processes.h"
 #include "Session/Sources.h"
 
@@ -15,9 +17,26 @@ namespace mimkins {
 /// other field of the wrong type counts as missing.
 std::optional<RegistryEntry> parseRegistryEntry(std::string_view text);
 
-/// The entries of the client's registry whose process lives, keyed by session id. Of two files with one id
-/// the later name stands.
-std::map<std::string, RegistryEntry>
-readRegistry(const FileSystem& files, const Processes& processes, const std::string& folder);
+/// Reads the client's registry again and again. A file is read only when it has changed; whether its process
+/// lives is asked each time.
+class RegistryReader {
+public:
+    /// Both outlive the reader.
+    RegistryReader(const FileSystem& files, const Processes& processes)
+        : files_(&files), processes_(&processes) {}
+
+    /// The entries whose process lives, keyed by session id. Of two files with one id the later name stands.
+    std::map<std::string, RegistryEntry> read(const std::string& folder, Date now);
+
+private:
+    /// A document that can't be used is kept as nothing.
+    using Document = KeptReading<std::optional<RegistryEntry>>;
+
+    Document readDocument(const std::string& path, const std::optional<FileStamp>& stamp, Date now) const;
+
+    const FileSystem* files_;
+    const Processes* processes_;
+    std::map<std::string, Document> documents_; ///< by path
+};
 
 } // namespace mimkins

@@ -1,6 +1,5 @@
 #include "SessionStore/SessionStore.h"
 
-#include "SessionStore/RegistryReader.h"
 #include "SessionStore/StatusReader.h"
 
 #include <utility>
@@ -21,8 +20,8 @@ constexpr std::int64_t repositoryTicks = 3; // and background work
 } // namespace
 
 SessionStore::SessionStore(Paths paths, SessionStoreServices services)
-    : paths_(std::move(paths)), services_(services), appSessions_(services.files),
-      transcriptReader_(services.files), subtaskList_(services.files),
+    : paths_(std::move(paths)), services_(services), registryReader_(services.files, services.processes),
+      appSessions_(services.files), transcriptReader_(services.files), subtaskList_(services.files),
       approvalFinder_(services.files, services.processes),
       scanner_(std::make_shared<BackgroundScanner>(services.transcripts)) {
     statusFolders_.push_back(paths_.sessions());
@@ -113,7 +112,7 @@ void SessionStore::reloadRecords() {
 }
 
 void SessionStore::reloadRegistry() {
-    registry_ = readRegistry(services_.files, services_.processes, paths_.clientRegistry());
+    registry_ = registryReader_.read(paths_.clientRegistry(), services_.loop.now());
 }
 
 void SessionStore::reloadAppInfo() {

@@ -13,6 +13,7 @@
 #include "Session/Derivation.h"
 #include "Session/Liveness.h"
 #include "SessionStore/AppSessionReader.h"
+#include "SessionStore/RegistryReader.h"
 #include "SessionStore/SessionOrder.h"
 #include "Subtask/ApprovalFinder.h"
 #include "Subtask/SubtaskList.h"
@@ -147,9 +148,11 @@ private:
         ModelTag tag;
     };
 
+    ModelTag readModel(const std::string& transcript, const FileStamp& stamp);
     void watch();
     void scheduleReload();
     std::vector<Session> build(Date now);
+    SessionInputs inputsWithoutRepo(const std::string& id, Date now) const;
     void notifyNewWaiters(const std::vector<Session>& list) const;
     std::vector<std::string> justFinished(const std::vector<Session>& list) const;
     void checkFinished(const std::vector<std::string>& ids);
@@ -173,6 +176,7 @@ private:
     sigc::signal<void()> subtasksChanged_;
 
     std::map<std::string, StatusRecord> records_;
+    RegistryReader registryReader_;
     std::map<std::string, RegistryEntry> registry_;
     AppSessionReader appSessions_;
     std::map<std::string, TranscriptModel> transcriptModels_;

@@ -56,6 +56,7 @@ ApprovalRound ApprovalFinder::refresh(const std::vector<ApprovalSubject>& sessio
         }
     }
     std::erase_if(mainPending_, [&](const auto& entry) { return !current.contains(entry.first); });
+    offers_.clear();
     return round;
 }
 
@@ -81,19 +82,32 @@ ApprovalVerdict ApprovalFinder::look(const ApprovalSubject& session, Date now) {
     return judge(lists, processesUnder(session.client->pid, *processes_), now);
 }
 
+void ApprovalFinder::offer(
+    const std::string& transcript, const FileStamp& stamp, std::vector<PendingTool> tools
+) {
+    offers_.insert_or_assign(transcript, Offer{stamp, std::move(tools)});
+}
+
 const std::vector<PendingTool>* ApprovalFinder::mainCalls(const ApprovalSubject& session) {
-    const auto modified = files_->modified(*session.transcript);
-    if (!modified) {
+    const auto stamp = files_->stamp(*session.transcript);
+    if (!stamp) {
         return nullptr;
     }
     const auto known = mainPending_.find(session.sessionId);
-    if (known != mainPending_.end() && known->second.modified == *modified) {
+    if (known != mainPending_.end() && known->second.modified == stamp->modified) {
         return &known->second.tools;
     }
-    const auto tail = reader_.tail(*session.transcript, SubtaskReader::tailBytes);
-    auto tools = reader_.pendingTools(tail, modified->date());
-    return &mainPending_.insert_or_assign(session.sessionId, MainCalls{*modified, std::move(tools)})
-                .first->second.tools;
+    MainCalls calls{stamp->modified, readCalls(*session.transcript, *stamp)};
+    return &mainPending_.insert_or_assign(session.sessionId, std::move(calls)).first->second.tools;
+}
+
+std::vector<PendingTool> ApprovalFinder::readCalls(const std::string& transcript, const FileStamp& stamp) {
+    const auto offer = offers_.find(transcript);
+    if (offer != offers_.end() && offer->second.stamp == stamp) {
+        return offer->second.tools;
+    }
+    auto facts = reader_.facts(transcript, stamp.modified.date());
+    return facts ? std::move(facts->pending) : std::vector<PendingTool>();
 }
 
 } // namespace mimkins

@@ -56,6 +56,10 @@ public:
     /// Looks at all current sessions, in order. What is remembered of others is dropped.
     ApprovalRound refresh(const std::vector<ApprovalSubject>& sessions, Date now);
 
+    /// Tells the open calls of a session's own transcript as somebody has just read them. The next round
+    /// takes them instead of reading the file again, if it is still the same.
+    void offer(const std::string& transcript, const FileStamp& stamp, std::vector<PendingTool> tools);
+
     /// True if the session's own transcript had a call without a result in the last round, whatever its tool
     /// and age.
     bool hasOpenCall(const std::string& sessionId) const;
@@ -74,6 +78,16 @@ private:
     SubtaskReader reader_;
     /// By session id: the open calls of its own transcript as of that time of change.
     std::map<std::string, MainCalls> mainPending_;
+
+    struct Offer {
+        FileStamp stamp;
+        std::vector<PendingTool> tools;
+    };
+
+    std::vector<PendingTool> readCalls(const std::string& transcript, const FileStamp& stamp);
+
+    /// What was offered since the last round, by the transcript's path.
+    std::map<std::string, Offer> offers_;
 };
 
 } // namespace mimkins

@@ -42,7 +42,7 @@ SubtaskMap markWaiting(SubtaskMap subtasks, const WaitingSubtasks& waiting) {
 SubtaskMap
 SubtaskList::reload(const std::vector<SubtaskFolder>& folders, const SubtaskMap& current, Date now) {
     SubtaskMap result;
-    Cache seen;
+    Seen seen;
     for (const auto& folder : folders) {
         if (!folder.path) {
             continue;
@@ -56,30 +56,78 @@ SubtaskList::reload(const std::vector<SubtaskFolder>& folders, const SubtaskMap&
         sortForDisplay(subtasks);
         result[folder.sessionId] = std::move(subtasks);
     }
-    cache_ = std::move(seen);
+    last_ = std::move(seen);
     return result;
 }
 
-std::vector<Subtask> SubtaskList::readFolder(const std::string& folder, Date now, Cache& seen) {
+SubtaskList::Names SubtaskList::transcriptNames(const std::string& folder, Date now) {
+    const auto stamp = files_->stamp(folder);
+    const auto known = last_.folders.find(folder);
+    if (known != last_.folders.end() && known->second.holdsFor(stamp)) {
+        return known->second;
+    }
+    auto names = files_->list(folder);
+    // A folder without any names may be one that couldn't be listed for a moment.
+    const auto listed = names.empty() ? std::nullopt : stamp;
+    std::erase_if(names, [](const auto& name) { return text::pathExtension(name) != "jsonl"; });
+    Names kept;
+    kept.take(std::move(names), listed, now);
+    return kept;
+}
+
+std::vector<Subtask> SubtaskList::readFolder(const std::string& folder, Date now, Seen& seen) {
     std::vector<Subtask> subtasks;
-    for (const auto& name : files_->list(folder)) {
-        if (text::pathExtension(name) != "jsonl") {
-            continue;
-        }
+    const auto& names = seen.folders.insert_or_assign(folder, transcriptNames(folder, now)).first->second;
+    for (const auto& name : names.value()) {
         const std::string path = std::string(folder).append("/").append(name);
-        const auto modified = files_->modified(path);
-        const Date date = modified ? modified->date() : Date::distantPast();
-        if (!(now - date < SubtaskReader::longestSilence)) {
-            continue;
+        const auto stamp = files_->stamp(path);
+        const Date modified = stamp ? stamp->modified.date() : Date::distantPast();
+        if (now - modified < SubtaskReader::longestSilence) {
+            subtasks.push_back(look(path, stamp, now, seen));
         }
-        const auto known = cache_.find(path);
-        const bool isSettled =
-            known != cache_.end() && known->second.modified == modified && !known->second.subtask.running;
-        Subtask subtask = isSettled ? known->second.subtask : reader_.read(path, date, now);
-        seen[path] = Known{modified, subtask};
-        subtasks.push_back(std::move(subtask));
     }
     return subtasks;
+}
+
+Subtask
+SubtaskList::look(const std::string& path, const std::optional<FileStamp>& stamp, Date now, Seen& seen) {
+    // Sessions may share a folder, so that one has been here before in this round.
+    auto known = seen.subtasks.extract(path);
+    if (known.empty()) {
+        known = last_.subtasks.extract(path);
+    }
+    if (known.empty()) {
+        known = Cache{{path, Known()}}.extract(path);
+    }
+    Known& kept = known.mapped();
+    const bool isSettled = stamp && kept.modified == stamp->modified && !kept.subtask.running;
+    if (!isSettled) {
+        kept.subtask = read(path, stamp, kept, now);
+        kept.modified = stamp ? std::optional(stamp->modified) : std::nullopt;
+    }
+    return seen.subtasks.insert(std::move(known)).position->second.subtask;
+}
+
+Subtask
+SubtaskList::read(const std::string& path, const std::optional<FileStamp>& stamp, Known& known, Date now) {
+    const auto beside = metadataPath(path);
+    const auto besideStamp = files_->stamp(beside);
+    if (!known.metadata.holdsFor(besideStamp)) {
+        auto metadata = reader_.metadata(beside);
+        const auto read = metadata ? besideStamp : std::nullopt;
+        known.metadata.take(std::move(metadata).value_or(SubtaskMetadata()), read, now);
+    }
+    const Date modified = stamp ? stamp->modified.date() : Date::distantPast();
+    if (!known.transcript.holdsFor(stamp)) {
+        auto facts = reader_.facts(path, modified);
+        const auto read = facts ? stamp : std::nullopt;
+        known.transcript.take(std::move(facts).value_or(TranscriptFacts()), read, now);
+    }
+    SubtaskFacts facts{known.metadata.value(), std::nullopt, known.transcript.value()};
+    if (besideStamp) {
+        facts.metadataTime = besideStamp->modified;
+    }
+    return subtaskOf(path, std::move(facts), modified, now);
 }
 
 } // namespace mimkins

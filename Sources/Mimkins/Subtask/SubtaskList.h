@@ -2,6 +2,7 @@
 
 #include "Base/Date.h"
 #include "Platform/FileSystem.h"
+#include "Platform/KeptReading.h"
 #include "Session/Facts.h"
 #include "Subtask/SubtaskReader.h"
 
@@ -31,7 +32,8 @@ void sortForDisplay(std::vector<Subtask>& subtasks);
 /// The same subtasks, each waiting exactly if its id is among those given.
 SubtaskMap markWaiting(SubtaskMap subtasks, const WaitingSubtasks& waiting);
 
-/// Reads the subtasks of all sessions. Finished ones are read again only when their file changes.
+/// Reads the subtasks of all sessions. Their files are read again only when they change; whether a subtask
+/// runs is judged each time, since it depends on the present time.
 class SubtaskList {
 public:
     /// `files` outlives the list.
@@ -45,16 +47,28 @@ private:
     struct Known {
         std::optional<FileTime> modified;
         Subtask subtask;
+        // What a running one was made from.
+        KeptReading<SubtaskMetadata> metadata;
+        KeptReading<TranscriptFacts> transcript;
     };
 
     using Cache = std::map<std::string, Known>;
+    using Names = KeptReading<std::vector<std::string>>;
 
-    std::vector<Subtask> readFolder(const std::string& folder, Date now, Cache& seen);
+    struct Seen {
+        Cache subtasks;
+        std::map<std::string, Names> folders;
+    };
+
+    std::vector<Subtask> readFolder(const std::string& folder, Date now, Seen& seen);
+    Names transcriptNames(const std::string& folder, Date now);
+    Subtask look(const std::string& path, const std::optional<FileStamp>& stamp, Date now, Seen& seen);
+    Subtask read(const std::string& path, const std::optional<FileStamp>& stamp, Known& known, Date now);
 
     const FileSystem* files_;
     SubtaskReader reader_;
-    /// By the transcript's path: what the last round saw.
-    Cache cache_;
+    /// What the last round saw, by the paths of transcripts and of folders.
+    Seen last_;
 };
 
 } // namespace mimkins

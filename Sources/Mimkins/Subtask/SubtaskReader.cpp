@@ -1,7 +1,6 @@
 #include "Subtask/SubtaskReader.h"
 
 #include "Base/Text.h"
-#include "Subtask/TranscriptFacts.h"
 
 #include <utility>
 
@@ -51,26 +50,47 @@ SubtaskMetadata subtaskMetadata(std::string_view json) {
     return metadata;
 }
 
-Subtask SubtaskReader::read(const std::string& transcript, Date modified, Date now) {
-    const std::string metadataPath = withoutExtension(transcript) + ".meta.json";
-    SubtaskMetadata metadata = subtaskMetadata(files_->readFile(metadataPath, metadataLimit).value_or(""));
-    const auto metadataTime = files_->modified(metadataPath);
-    TranscriptFacts facts = transcriptFacts(tail(transcript, tailBytes), modified, parser_);
+std::string metadataPath(const std::string& transcript) {
+    return withoutExtension(transcript) + ".meta.json";
+}
 
+Subtask subtaskOf(const std::string& transcript, SubtaskFacts facts, Date modified, Date now) {
     Subtask subtask;
     subtask.id = subtaskId(transcript);
-    subtask.type = std::move(metadata.type);
-    subtask.description = std::move(metadata.description);
-    subtask.running = !hasFinished(facts, now - modified);
-    subtask.started = metadataTime ? metadataTime->date() : modified;
+    subtask.type = std::move(facts.metadata.type);
+    subtask.description = std::move(facts.metadata.description);
+    subtask.running = !hasFinished(facts.transcript, now - modified);
+    subtask.started = facts.metadataTime ? facts.metadataTime->date() : modified;
     subtask.lastActivity = modified;
-    subtask.model = std::move(facts.model);
+    subtask.model = std::move(facts.transcript.model);
     if (subtask.running) {
-        subtask.tool = std::move(facts.tool);
-        subtask.detail = std::move(facts.detail);
-        subtask.pending = std::move(facts.pending);
+        subtask.tool = std::move(facts.transcript.tool);
+        subtask.detail = std::move(facts.transcript.detail);
+        subtask.pending = std::move(facts.transcript.pending);
     }
     return subtask;
+}
+
+Subtask SubtaskReader::read(const std::string& transcript, Date modified, Date now) {
+    const std::string beside = metadataPath(transcript);
+    SubtaskFacts all;
+    all.metadata = metadata(beside).value_or(SubtaskMetadata());
+    all.metadataTime = files_->modified(beside);
+    all.transcript = facts(transcript, modified).value_or(TranscriptFacts());
+    return subtaskOf(transcript, std::move(all), modified, now);
+}
+
+std::optional<SubtaskMetadata> SubtaskReader::metadata(const std::string& path) const {
+    const auto bytes = files_->readFile(path, metadataLimit);
+    return bytes ? std::optional(subtaskMetadata(*bytes)) : std::nullopt;
+}
+
+std::optional<TranscriptFacts> SubtaskReader::facts(const std::string& transcript, Date modified) {
+    auto end = files_->readTail(transcript, tailBytes);
+    if (!end) {
+        return std::nullopt;
+    }
+    return transcriptFacts(TranscriptTail(*std::move(end)), modified, parser_);
 }
 
 TranscriptTail SubtaskReader::tail(const std::string& path, std::size_t bytes) const {
@@ -80,10 +100,6 @@ TranscriptTail SubtaskReader::tail(const std::string& path, std::size_t bytes) c
 
 std::vector<PendingTool> SubtaskReader::pendingTools(const TranscriptTail& lines, Date fallback) {
     return transcriptFacts(lines, fallback, parser_).pending;
-}
-
-ModelTag SubtaskReader::modelTag(const std::string& transcript) {
-    return transcriptFacts(tail(transcript, tailBytes), Date(), parser_).model;
 }
 
 } // namespace mimkins

@@ -5,6 +5,7 @@
 #include "Model/ModelTag.h"
 #include "Platform/FileSystem.h"
 #include "Session/Facts.h"
+#include "Subtask/TranscriptFacts.h"
 #include "Subtask/TranscriptTail.h"
 
 #include <cstddef>
@@ -22,6 +23,19 @@ struct SubtaskMetadata {
 
     friend bool operator==(const SubtaskMetadata&, const SubtaskMetadata&) = default;
 };
+
+/// What the files of a subtask say, whatever the time.
+struct SubtaskFacts {
+    SubtaskMetadata metadata;
+    std::optional<FileTime> metadataTime; ///< nothing without a metadata file
+    TranscriptFacts transcript;
+};
+
+/// The path of the metadata file beside a transcript.
+std::string metadataPath(const std::string& transcript);
+
+/// The subtask that writes a transcript, as of `now`. `modified` is the transcript's modification date.
+Subtask subtaskOf(const std::string& transcript, SubtaskFacts facts, Date modified, Date now);
 
 /// Reads the text of a metadata file. What is missing, or has the wrong type, keeps its default.
 SubtaskMetadata subtaskMetadata(std::string_view json);
@@ -41,14 +55,17 @@ public:
     /// The subtask that writes this transcript. `modified` is the transcript's modification date.
     Subtask read(const std::string& transcript, Date modified, Date now);
 
+    /// What the metadata file at the path says; nothing if it can't be read.
+    std::optional<SubtaskMetadata> metadata(const std::string& path) const;
+
+    /// What the end of a transcript says; nothing if it can't be read. `modified` is its modification date.
+    std::optional<TranscriptFacts> facts(const std::string& transcript, Date modified);
+
     /// The last complete lines of a file; none if it can't be read.
     TranscriptTail tail(const std::string& path, std::size_t bytes) const;
 
     /// The calls without a result, in call order. `fallback` is the time of a call whose line has none.
     std::vector<PendingTool> pendingTools(const TranscriptTail& lines, Date fallback);
-
-    /// The model and effort that the end of a transcript names last.
-    ModelTag modelTag(const std::string& transcript);
 
 private:
     const FileSystem* files_;

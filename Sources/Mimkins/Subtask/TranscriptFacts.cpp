@@ -2,11 +2,10 @@
 
 #include "Base/DateText.h"
 #include "Base/Text.h"
+#include "Subtask/LineGlance.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -42,52 +41,6 @@ void noteEffort(const json::Value& effort, ModelTag& tag) {
     }
 }
 
-/// What the bytes of a line tell before it is parsed. A key or a word stands in a line as it is, unless it is
-/// spelled with an escape of a character's number.
-struct Glance {
-    bool call = false;   ///< may hold "tool_use" or "tool_result", or a character by its number
-    bool effort = false; ///< may hold "effort"
-};
-
-/// Sixteen bytes side by side, in the compiler's own notation.
-using Bytes = unsigned char __attribute__((vector_size(16)));
-
-inline Bytes load(const char* from) {
-    Bytes bytes;
-    std::memcpy(&bytes, from, sizeof bytes);
-    return bytes;
-}
-
-inline bool any(Bytes bytes) {
-    std::array<std::uint64_t, 2> words{};
-    std::memcpy(words.data(), &bytes, sizeof bytes);
-    return (words[0] | words[1]) != 0;
-}
-
-/// Looks for telling pairs of neighbouring bytes, at sixteen places at once. It ends early where a call may
-/// be, since then the line is parsed anyway. Of a line too short to tell anything it doesn't say more than
-/// that.
-Glance glanceAt(std::string_view line) {
-    constexpr std::size_t width = sizeof(Bytes);
-    if (line.size() <= width) {
-        return {true, true};
-    }
-    const std::size_t last = line.size() - width - 1;
-    Bytes effort{};
-    for (std::size_t position = 0;; position = std::min(position + width, last)) {
-        const Bytes first = load(line.data() + position);
-        const Bytes second = load(line.data() + position + 1);
-        const auto call = ((first == '\\') & (second == 'u')) | ((first == 'l') & (second == '_'));
-        effort |= reinterpret_cast<Bytes>((first == 'f') & (second == 'f'));
-        if (any(reinterpret_cast<Bytes>(call))) {
-            return {true, true};
-        }
-        if (position == last) {
-            return {false, any(effort)};
-        }
-    }
-}
-
 /// Gathers the facts from the last line to the first. Whatever comes last in the transcript holds, and
 /// whether a call was answered is known when it is met: so only what stands in the end is ever copied.
 class BackwardGatherer {
@@ -95,13 +48,18 @@ public:
     explicit BackwardGatherer(Date fallback) : fallback_(fallback) {}
 
     /// False for a line that can't add anything to what is known from those behind it. Most lines are such:
-    /// words, and notes of the client to itself. `isLast` is true for the line that was written last.
+    /// words, notes of the client to itself, and calls that were answered. `isLast` is true for the line that
+    /// was written last.
     bool mayTell(std::string_view line, bool isLast) const {
         if (isLast || !facts_.model.model) {
             return true;
         }
         const Glance glance = glanceAt(line);
-        return glance.call || (glance.effort && !facts_.model.effort);
+        if (!glance.call) {
+            return glance.effort && !facts_.model.effort;
+        }
+        const auto isAnswered = [this](std::string_view id) { return wasAnswered(id); };
+        return !sawCall_ || !holdsOnlyCalls(line, facts_.model.effort.has_value(), isAnswered);
     }
 
     void take(const json::Value& root, bool isLast) {
@@ -219,11 +177,12 @@ void note(const json::Value& line, ModelTag& tag) {
     noteEffort(line["effort"], tag);
 }
 
-TranscriptFacts transcriptFacts(const TranscriptTail& tail, Date fallback, json::Parser& parser) {
+TranscriptFacts
+transcriptFacts(const TranscriptTail& tail, Date fallback, json::Parser& parser, LinesToParse lines) {
     BackwardGatherer gatherer(fallback);
     for (std::size_t index = tail.size(); index-- > 0;) {
         const bool isLast = index + 1 == tail.size();
-        if (gatherer.mayTell(tail.line(index), isLast)) {
+        if (lines == LinesToParse::all || gatherer.mayTell(tail.line(index), isLast)) {
             gatherer.take(tail.parse(index, parser), isLast);
         }
     }

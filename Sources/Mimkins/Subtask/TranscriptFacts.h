@@ -32,8 +32,17 @@ struct TranscriptFacts {
     friend bool operator==(const TranscriptFacts&, const TranscriptFacts&) = default;
 };
 
+/// Which lines are parsed. The facts are the same.
+enum class LinesToParse {
+    telling, ///< only those that may tell something, by a glance at their bytes
+    all
+};
+
 /// Reads the lines in order. Lines that aren't JSON objects are passed over. `fallback` is the time of a call
 /// whose line has no readable time.
-TranscriptFacts transcriptFacts(const TranscriptTail& tail, Date fallback, json::Parser& parser);
+TranscriptFacts transcriptFacts(
+    const TranscriptTail& tail, Date fallback, json::Parser& parser,
+    LinesToParse lines = LinesToParse::telling
+);
 
 } // namespace mimkins

@@ -17,17 +17,19 @@ checkRepository(const RepositoryCheck& check, const GitRunner& git, const Random
     return result;
 }
 
+bool concerns(const RepoChanges& changes, const RepositoryOwners& owners, const std::string& sessionId) {
+    return std::any_of(changes.files.begin(), changes.files.end(), [&](const std::string& file) {
+        const auto known = owners.find(file);
+        return known == owners.end() || known->second.contains(sessionId);
+    });
+}
+
 std::optional<RepoChanges>
 ownedChanges(const RepositoryResult& repository, const std::string& sessionId, std::size_t sharing) {
     if (!repository.changes || !repository.owners || sharing < 2) {
         return repository.changes;
     }
-    const auto& files = repository.changes->files;
-    const bool concerned = std::any_of(files.begin(), files.end(), [&](const std::string& file) {
-        const auto owners = repository.owners->find(file);
-        return owners == repository.owners->end() || owners->second.contains(sessionId);
-    });
-    return concerned ? repository.changes : std::nullopt;
+    return concerns(*repository.changes, *repository.owners, sessionId) ? repository.changes : std::nullopt;
 }
 
 } // namespace mimkins

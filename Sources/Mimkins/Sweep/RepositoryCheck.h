@@ -28,6 +28,9 @@ struct RepositoryResult {
 RepositoryResult
 checkRepository(const RepositoryCheck& check, const GitRunner& git, const RandomAccessFiles& opener);
 
+/// True unless every changed file is known to be the work of others than this session.
+bool concerns(const RepoChanges& changes, const RepositoryOwners& owners, const std::string& sessionId);
+
 /// What one of the sessions that stand in a repository is shown of its changes: all or nothing. Nothing when
 /// every changed file is known to be another session's work. `sharing` is how many sessions stand there.
 std::optional<RepoChanges>

@@ -54,6 +54,16 @@ sessionsSharing(const std::string& root, const std::vector<Session>& sessions, c
     return ids;
 }
 
+std::map<std::string, std::size_t> sharingCounts(const std::vector<Session>& sessions, const RootOf& rootOf) {
+    std::map<std::string, std::size_t> counts;
+    for (const auto& session : sessions) {
+        if (const auto root = session.agent ? std::nullopt : rootOf(session.id)) {
+            ++counts[*root];
+        }
+    }
+    return counts;
+}
+
 std::vector<std::string> transcripts(
     const std::optional<std::string>& ownTranscript, const std::optional<std::string>& subagentFolder,
     const std::vector<std::string>& namesInFolder
@@ -111,10 +121,21 @@ std::optional<RepoChanges> RepositoryWatch::ownedChanges(
     if (!root || !repoChanges.contains(*root)) {
         return std::nullopt;
     }
-    if (!repoOwners.contains(*root)) {
-        return repoChanges.at(*root); // nobody to tell apart, so nobody has to be counted
+    // With nobody to tell apart, nobody has to be counted.
+    const bool counts = repoOwners.contains(*root);
+    return ownedChanges(sessionId, *root, counts ? sessionsSharing(*root, sessions, rootOf).size() : 0);
+}
+
+std::optional<RepoChanges> RepositoryWatch::ownedChanges(
+    const std::string& sessionId, const std::string& root, std::size_t sharing
+) const {
+    const auto* changes = lookup(repoChanges, root);
+    const auto* owners = lookup(repoOwners, root);
+    if (changes == nullptr ||
+        (owners != nullptr && sharing >= 2 && !concerns(*changes, *owners, sessionId))) {
+        return std::nullopt;
     }
-    return mimkins::ownedChanges(known(*root), sessionId, sessionsSharing(*root, sessions, rootOf).size());
+    return *changes;
 }
 
 } // namespace mimkins

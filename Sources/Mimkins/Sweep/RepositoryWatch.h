@@ -5,6 +5,7 @@
 #include "Session/Sources.h"
 #include "Sweep/RepositoryCheck.h"
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
@@ -25,6 +26,9 @@ using RootOf = std::function<std::optional<std::string>(const std::string& sessi
 /// The ids of the sessions that stand in a repository, in their order; none of another agent's.
 std::vector<std::string>
 sessionsSharing(const std::string& root, const std::vector<Session>& sessions, const RootOf& rootOf);
+
+/// How many sessions stand in each repository, not counting those of another agent.
+std::map<std::string, std::size_t> sharingCounts(const std::vector<Session>& sessions, const RootOf& rootOf);
 
 /// A session's own transcript (if it has a path) followed by those in its subagent folder, given the names in
 /// that folder.
@@ -59,6 +63,10 @@ struct RepositoryWatch {
     std::optional<RepoChanges> ownedChanges(
         const std::string& sessionId, const std::vector<Session>& sessions, const RootOf& rootOf
     ) const;
+
+    /// The same for a session in the repository of this root, in which so many sessions stand.
+    std::optional<RepoChanges>
+    ownedChanges(const std::string& sessionId, const std::string& root, std::size_t sharing) const;
 };
 
 } // namespace mimkins

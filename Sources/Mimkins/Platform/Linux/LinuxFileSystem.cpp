@@ -35,6 +35,10 @@ bool readInto(int descriptor, std::string& bytes, std::uint64_t position) {
     return true;
 }
 
+FileTime fileTime(const timespec& time) {
+    return {time.tv_sec, static_cast<std::int32_t>(time.tv_nsec)};
+}
+
 } // namespace
 
 std::optional<std::string> LinuxFileSystem::readFile(const std::string& path, std::size_t limit) const {
@@ -96,7 +100,18 @@ std::optional<FileTime> LinuxFileSystem::modified(const std::string& path) const
     if (::stat(path.c_str(), &facts) != 0) {
         return std::nullopt;
     }
-    return FileTime{facts.st_mtim.tv_sec, static_cast<std::int32_t>(facts.st_mtim.tv_nsec)};
+    return fileTime(facts.st_mtim);
+}
+
+std::optional<FileStamp> LinuxFileSystem::stamp(const std::string& path) const {
+    struct stat facts {};
+
+    if (::stat(path.c_str(), &facts) != 0) {
+        return std::nullopt;
+    }
+    return FileStamp{
+        fileTime(facts.st_mtim), fileTime(facts.st_ctim), static_cast<std::uint64_t>(facts.st_size),
+        facts.st_ino, facts.st_dev};
 }
 
 bool LinuxFileSystem::isFolder(const std::string& path) const {
