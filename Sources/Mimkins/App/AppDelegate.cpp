@@ -1,5 +1,6 @@
 #include "App/AppDelegate.h"
 
+#include "App/ConnectionPartOf.h"
 #include "App/PanelSettingsOf.h"
 #include "App/StatusPicture.h"
 #include "Drawing/Qt/Conversions.h"
@@ -115,7 +116,9 @@ void AppDelegate::makeWindows() {
 }
 
 SettingsParts AppDelegate::settingsParts() {
-    return {settings_, client_.login(), [] { QApplication::quit(); }, {}};
+    return {
+        settings_, client_.login(), [] { QApplication::quit(); },
+        connectionPartOf(client_.connection(), paths_.home())};
 }
 
 void AppDelegate::makeSettings() {
