@@ -4,6 +4,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/Chip.h"
+#include "Presentation/Accent.h"
 #include "Presentation/MoodTint.h"
 
 #include <QLinearGradient>

@@ -3,6 +3,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Qt/Shapes.h"
+#include "Presentation/Accent.h"
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
@@ -80,13 +81,6 @@ Chip::Piece words(const QString& text, const QFont& font, const Color& ink) {
     return piece;
 }
 
-/// Black, unless it couldn't be read on so dark a ground.
-Color inkOn(const Color& ground) {
-    constexpr double darkest = 0.35;
-    const double light = 0.299 * ground.red + 0.587 * ground.green + 0.114 * ground.blue;
-    return light < darkest ? Color::white(0.95) : Color::black(0.85);
-}
-
 QFont roundedFont(const CardLook& look, double points) {
     return Typography(FontDesign::rounded, look.typography.scale()).font(points, QFont::Black);
 }
@@ -141,10 +135,6 @@ void Chip::draw(QPainter& painter, const QRectF& place) const {
         drawPiece(painter, piece, {x, body.top(), width, body.height()});
         x += width + spacing;
     }
-}
-
-const Color& accent(const PetTheme& theme) {
-    return theme.title.empty() ? theme.working : theme.title.front();
 }
 
 Chip agentChip(const QString& agent, const CardLook& look) {

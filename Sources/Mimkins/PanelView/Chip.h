@@ -55,7 +55,4 @@ Chip summaryChip(Symbol symbol, const QString& words, const CardLook& look);
 /// The mark of the card that the user is pointed at.
 Chip nextUpChip(const CardLook& look);
 
-/// The first colour of the theme's title.
-const Color& accent(const PetTheme& theme);
-
 } // namespace mimkins

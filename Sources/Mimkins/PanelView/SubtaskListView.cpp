@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "PanelView/Chip.h"
+#include "Presentation/Accent.h"
 
 #include <QFontMetricsF>
 #include <QLinearGradient>

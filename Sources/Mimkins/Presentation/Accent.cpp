@@ -32,6 +32,10 @@ double contrast(const Color& left, const Color& right) {
 }
 
 Color accent(const PetTheme& theme) {
+    return theme.title.empty() ? theme.working : theme.title.front();
+}
+
+Color controlAccent(const PetTheme& theme) {
     const auto coloured = std::find_if_not(theme.title.begin(), theme.title.end(), isGrey);
     return coloured != theme.title.end() ? *coloured : theme.working;
 }

@@ -36,11 +36,11 @@ QColor primary(const CardLook& look, double opacity) {
 }
 
 QColor accent(const CardLook& look) {
-    return qt::color(mimkins::accent(*look.theme));
+    return qt::color(controlAccent(*look.theme));
 }
 
 QColor inkOnAccent(const CardLook& look) {
-    return qt::color(inkOn(mimkins::accent(*look.theme)));
+    return qt::color(inkOn(controlAccent(*look.theme)));
 }
 
 QColor ground(const CardLook& look, Press press) {

@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
+#include "Presentation/Accent.h"
 #include "Setup/SetupKit.h"
 
 #include <QFontMetricsF>
@@ -30,13 +31,13 @@ PillButton::PillButton(Kind kind, double plainPoints) : kind_(kind), plainPoints
 
 PillButton::Style PillButton::style(const CardLook& look) const {
     const PetTheme& theme = *look.theme;
-    const Color accent = kit::accent(theme);
+    const Color leading = accent(theme);
     Style style;
     switch (kind_) {
     case Kind::primary:
         style.font = look.typography.font(13, QFont::Bold);
-        style.ink = kit::inkOn(accent);
-        style.fill = accent;
+        style.ink = inkOn(leading);
+        style.fill = leading;
         style.stroke = Color::clear();
         style.paddingX = 16;
         style.paddingY = 8;
@@ -45,11 +46,11 @@ PillButton::Style PillButton::style(const CardLook& look) const {
     case Kind::small:
         style.font = look.typography.font(11, QFont::DemiBold);
         style.ink = theme.text;
-        style.fill = accent.faded(0.18);
-        style.stroke = accent.faded(0.4);
+        style.fill = leading.faded(0.18);
+        style.stroke = leading.faded(0.4);
         style.paddingX = 9;
         style.paddingY = 4;
-        style.lift = accent.faded(0.14);
+        style.lift = leading.faded(0.14);
         break;
     case Kind::plain:
     case Kind::flush:

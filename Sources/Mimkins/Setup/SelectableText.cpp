@@ -1,6 +1,7 @@
 #include "Setup/SelectableText.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "Presentation/Accent.h"
 #include "Setup/SetupKit.h"
 
 #include <QPainter>
@@ -39,7 +40,7 @@ void SelectableText::setLook(const CardLook& look) {
     setFont(kit::systemFont(look, points_));
     QPalette colors = palette();
     colors.setColor(QPalette::Text, qt::color(look.theme->subtext));
-    colors.setColor(QPalette::Highlight, qt::color(kit::accent(*look.theme).faded(0.35)));
+    colors.setColor(QPalette::Highlight, qt::color(accent(*look.theme).faded(0.35)));
     colors.setColor(QPalette::HighlightedText, qt::color(look.theme->text));
     setPalette(colors);
     ring_ = qt::color(look.theme->text.faded(0.85));

@@ -2,8 +2,6 @@
 
 #include "Drawing/Qt/Conversions.h"
 
-#include <cmath>
-
 namespace mimkins::kit {
 
 namespace {
@@ -37,25 +35,7 @@ QString withBreaks(const QString& words) {
     return pieces.join(' ');
 }
 
-/// How light a colour looks, 0 to 1.
-double luminance(const Color& color) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
-}
-
 } // namespace
-
-Color accent(const PetTheme& theme) {
-    return theme.title.empty() ? theme.working : theme.title.front();
-}
-
-Color inkOn(const Color& ground) {
-    // Where black and white stand out equally well.
-    constexpr double middle = 0.179;
-    return luminance(ground) > middle ? Color::black(0.85) : Color::white(0.95);
-}
 
 QFont systemFont(const CardLook& look, double points, QFont::Weight weight) {
     return Typography(FontDesign::standard, look.typography.scale()).font(points, weight);

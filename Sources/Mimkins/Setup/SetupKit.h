@@ -11,12 +11,6 @@
 /// What the screens about the connection are made of.
 namespace mimkins::kit {
 
-/// The colour of what is to be pressed.
-Color accent(const PetTheme& theme);
-
-/// What is written with on that colour: black, or where it is too dark for that, white.
-Color inkOn(const Color& ground);
-
 /// The system's font, in the scale of the look.
 QFont systemFont(const CardLook& look, double points, QFont::Weight weight = QFont::Normal);
 
