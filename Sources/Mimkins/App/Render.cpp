@@ -1,22 +1,20 @@
 #include "App/Render.h"
 
-#include "App/PanelSettingsOf.h"
+#include "App/RenderScene.h"
 #include "Drawing/Qt/Scheme.h"
 #include "HUD/HUDView.h"
 #include "NextUp/NextUpPress.h"
 #include "PanelView/EdgeTab.h"
 #include "PanelView/PanelView.h"
 #include "PanelView/SlideWindow.h"
-#include "Platform/Linux/JsonPreferencesStore.h"
-#include "Platform/Linux/OneLoad.h"
 #include "Presentation/Notice.h"
 #include "Presentation/PanelFrames.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
-#include <chrono>
-#include <iostream>
+#include <cmath>
 
 namespace mimkins {
 
@@ -30,17 +28,6 @@ public:
 
     void showFolder(const std::string&) override {}
 };
-
-class NoSounds final : public SoundPlayer {
-public:
-    void play(const std::string&) override {}
-};
-
-Date moment(const Options& options) {
-    using Milliseconds = std::chrono::duration<double, std::milli>;
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    return Date::fromMilliseconds(options.at.value_or(Milliseconds(now).count()));
-}
 
 QImage compose(QWidget& drawer, EdgeTab& tab, const panel::Frames& frames) {
     const QPixmap drawerPicture = drawer.grab();
@@ -57,14 +44,6 @@ QImage compose(QWidget& drawer, EdgeTab& tab, const panel::Frames& frames) {
     return image;
 }
 
-int write(const QImage& picture, const std::string& file) {
-    if (!picture.save(QString::fromStdString(file), "PNG")) {
-        std::cerr << "mimkins: can't write " << file << "\n";
-        return 1;
-    }
-    return 0;
-}
-
 } // namespace
 
 void prepareRendering(const Options& options) {
@@ -72,50 +51,44 @@ void prepareRendering(const Options& options) {
     qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
 }
 
+void setTextSize(const Options& options) {
+    if (options.textSize == 1) {
+        return;
+    }
+    QFont font = QApplication::font();
+    font.setPixelSize(static_cast<int>(std::lround(Typography::usualPixels * options.textSize)));
+    QApplication::setFont(font);
+}
+
 int renderDrawer(const Options& options, const Paths& paths) {
-    const Date at = moment(options);
-    StandingLoop standing(at);
+    RenderScene scene(options, paths);
     NoLinks links;
-    NoSounds sounds;
-    JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
-    const AppSettings settings({preferences, standing, sounds});
-    OneLoad load(paths, settings.rules(), at);
-    SessionStore& store = load.store();
-    RunLoop& loop = load.loop();
     DrawerState state;
     if (options.command == Options::Command::renderSweep) {
         state.setMode(DrawerMode::sweep);
     }
-    PanelSettings panelSettings = panelSettingsOf(settings, at);
-    panelSettings.themeId = options.theme.value_or(panelSettings.themeId);
-    SlideWindow drawer(new PanelView({store, state, loop, links}, panelSettings));
+    const PanelSettings& settings = scene.settings();
+    SlideWindow drawer(new PanelView({scene.store(), state, scene.loop(), links}, settings));
     constexpr double margins = 16; // of the drawer, above and below
     const Rect screen{0, 0, 1280, options.height + margins};
-    const auto frames =
-        panel::framesDownwards({screen, panelSettings.panelWidth, panelSettings.tabPosition}, true);
+    const auto frames = panel::framesDownwards({screen, settings.panelWidth, settings.tabPosition}, true);
     drawer.resize(static_cast<int>(frames.panel.width), static_cast<int>(frames.panel.height));
-    EdgeTab tab(loop);
-    tab.setTheme(PetTheme::named(panelSettings.themeId));
-    tab.setContent({edgeTabBadge(store.sessions()), true});
-    return write(compose(drawer, tab, frames), options.output);
+    EdgeTab tab(scene.loop());
+    tab.setTheme(PetTheme::named(settings.themeId));
+    tab.setContent({edgeTabBadge(scene.store().sessions()), true});
+    return writePicture(compose(drawer, tab, frames), options.output);
 }
 
 int renderHud(const Options& options, const Paths& paths) {
-    const Date at = moment(options);
-    StandingLoop standing(at);
-    NoSounds sounds;
-    JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
-    const AppSettings settings({preferences, standing, sounds});
-    OneLoad load(paths, settings.rules(), at);
-    const auto press = NextUp::press({}, load.store().sessions(), at);
+    RenderScene scene(options, paths);
+    const auto press = NextUp::press({}, scene.store().sessions(), scene.at());
     HUDView view;
     view.setAttribute(Qt::WA_TranslucentBackground);
     view.setContent(
-        notice(press, at),
-        PetTheme::named(options.theme.value_or(settings.themeId())).resolved(systemScheme())
+        notice(press, scene.at()), PetTheme::named(scene.settings().themeId).resolved(systemScheme())
     );
     view.resize(view.sizeHint());
-    return write(view.grab().toImage(), options.output);
+    return writePicture(view.grab().toImage(), options.output);
 }
 
 } // namespace mimkins

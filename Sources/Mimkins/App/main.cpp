@@ -3,6 +3,7 @@
 #include "App/IconPicture.h"
 #include "App/Options.h"
 #include "App/Render.h"
+#include "App/RenderCards.h"
 #include "App/RenderPet.h"
 #include "Base/Error.h"
 #include "Base/Log.h"
@@ -103,6 +104,10 @@ int render(const Options& options, const Paths& paths) {
         return renderIcon(options.iconSide, options.output);
     case Options::Command::renderHud:
         return renderHud(options, paths);
+    case Options::Command::renderCards:
+        return renderCards(options, paths);
+    case Options::Command::renderTab:
+        return renderTab(options, paths);
     default:
         return renderDrawer(options, paths);
     }
@@ -140,6 +145,7 @@ int main(int count, char** words) {
     }
     const Paths paths(*home);
     if (rendering) {
+        setTextSize(options);
         return render(options, paths);
     }
     takeOverPreferences(paths);

@@ -1,0 +1,49 @@
+#include "App/RenderScene.h"
+
+#include "App/PanelSettingsOf.h"
+#include "Settings/Choice.h"
+
+#include <QString>
+
+#include <chrono>
+#include <iostream>
+
+namespace mimkins {
+
+namespace {
+
+Date moment(const Options& options) {
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return Date::fromMilliseconds(options.at.value_or(Milliseconds(now).count()));
+}
+
+PanelSettings panelSettings(const Options& options, const AppSettings& settings, Date at) {
+    PanelSettings panel = panelSettingsOf(settings, at);
+    panel.themeId = options.theme.value_or(panel.themeId);
+    if (options.width) {
+        panel.panelWidth = points(choiceNamed<DrawerWidth>(*options.width));
+    }
+    return panel;
+}
+
+} // namespace
+
+RenderScene::RenderScene(const Options& options, const Paths& paths)
+    : at_(moment(options)), standing_(at_), preferences_(paths.preferencesFolder(), "app.mimkins"),
+      settings_({preferences_, standing_, sounds_}), load_(paths, settings_.rules(), at_),
+      panel_(panelSettings(options, settings_, at_)) {
+    if (options.expanded) {
+        store().toggleSubtasks(*options.expanded);
+    }
+}
+
+int writePicture(const QImage& picture, const std::string& file) {
+    if (!picture.save(QString::fromStdString(file), "PNG")) {
+        std::cerr << "mimkins: can't write " << file << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace mimkins
