@@ -1,5 +1,6 @@
 #include "PanelView/Chip.h"
 
+#include "Drawing/Contrast.h"
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Qt/Shapes.h"
@@ -78,13 +79,6 @@ Chip::Piece words(const QString& text, const QFont& font, const Color& ink) {
     piece.font = font;
     piece.ink = ink;
     return piece;
-}
-
-/// Black, unless it couldn't be read on so dark a ground.
-Color inkOn(const Color& ground) {
-    constexpr double darkest = 0.35;
-    const double light = 0.299 * ground.red + 0.587 * ground.green + 0.114 * ground.blue;
-    return light < darkest ? Color::white(0.95) : Color::black(0.85);
 }
 
 QFont roundedFont(const CardLook& look, double points) {
@@ -242,7 +236,7 @@ Chip nextUpChip(const CardLook& look) {
     Chip chip;
     chip.paddingX = 6 * scale;
     chip.paddingY = 2 * scale;
-    chip.pieces.push_back(words(nextUpTag, roundedFont(look, 9), inkOn(accent(*look.theme))));
+    chip.pieces.push_back(words(nextUpTag, roundedFont(look, 9), inkOn(accent(*look.theme), 0.85)));
     return chip;
 }
 

@@ -108,9 +108,9 @@ void PanelHeader::setNow(Date now) {
 void PanelHeader::present(DrawerMode mode, const Summary& summary, bool spins) {
     mode_ = mode;
     cog_->setOpen(mode == DrawerMode::settings, spins && cog_->isVisible());
-    cog_->setWords(qt::text(header::settingsToolTip(mode)));
+    cog_->setWords(qt::text(header::settingsName), qt::text(header::settingsToolTip(mode)));
     moon_->setFilled(mode == DrawerMode::sweep);
-    moon_->setWords(qt::text(header::wrapUpToolTip(mode)));
+    moon_->setWords(qt::text(header::wrapUpName), qt::text(header::wrapUpToolTip(mode)));
     title_->setText(qt::text(header::title(mode)));
     title_->updateGeometry();
     present_ = summary;

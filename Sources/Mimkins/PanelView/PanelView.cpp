@@ -3,6 +3,7 @@
 #include "Base/Perf.h"
 #include "Drawing/Qt/Scheme.h"
 #include "NextUp/OpenSession.h"
+#include "PanelView/AccessibleRole.h"
 #include "Presentation/SessionPet.h"
 
 #include <QKeyEvent>
@@ -54,6 +55,7 @@ PanelView::PanelView(Parts parts, PanelSettings settings)
     sweepConnection_ = parts_.store.sweepChanged().connect([this] { showSweep(); });
     subtasksConnection_ = parts_.store.subtasksChanged().connect([this] { showSessions(); });
     drawerConnection_ = parts_.drawer.changed().connect([this] { followDrawer(); });
+    setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName("Mimkins");
     confetti_->setParty(settings_.motion.party);
     list_->setPaused(true); // the first list stands there at once
@@ -225,6 +227,17 @@ void PanelView::choose(const std::string& id, const CardChoice& choice) {
     }
 }
 
+/// Gives the focus to the first thing below the header that takes it.
+void PanelView::enterScreen() {
+    const auto cards = list_->cards();
+    if (screen() == list_ && !cards.empty()) {
+        cards.front()->setFocus(Qt::TabFocusReason);
+    } else if (screen() == sweep_) {
+        header_->moon().setFocus(Qt::TabFocusReason);
+        focusNextChild();
+    }
+}
+
 void PanelView::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Escape:
@@ -234,9 +247,7 @@ void PanelView::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Down:
     case Qt::Key_Up:
-        if (const auto cards = list_->cards(); !cards.empty()) {
-            cards.front()->setFocus(Qt::TabFocusReason);
-        }
+        enterScreen();
         break;
     default:
         event->ignore();

@@ -66,6 +66,7 @@ private:
     void showSweep();
     void showScreen();
     void changeScreen();
+    void enterScreen();
     QWidget* screen() const;
     void followDrawer();
     void beat();

@@ -1,6 +1,7 @@
 #include "PanelView/SessionList.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/AccessibleRole.h"
 #include "PanelView/CardKeys.h"
 #include "PanelView/CardMenuView.h"
 #include "PanelView/ScrollBarStyle.h"
@@ -25,7 +26,8 @@ SessionList::SessionList(CardLook look)
     canvas_->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
     verticalScrollBar()->setStyleSheet(scrollBarStyle(*look_.theme));
-    setAccessibleName("Sessions");
+    setAccessibleRole(*canvas_, QAccessible::List);
+    canvas_->setAccessibleName("Sessions");
 }
 
 SessionList::~SessionList() {
@@ -88,7 +90,7 @@ SubtaskListView* SessionList::makeSubtasks(CardView& card) {
     subtasks->stackUnder(&card);
     subtasks->onHeightChange = [this] {
         keepTabOrder();
-        arrange(manner());
+        arrange(manner(), SubtaskListView::unfolding);
     };
     subtasks->finishedButton().installEventFilter(this);
     subtasks->setGeometry(0, 0, static_cast<int>(cardWidth()), 0);
@@ -168,13 +170,13 @@ CardFlow::Manner SessionList::manner() const {
     return paused_ ? CardFlow::Manner::jump : CardFlow::Manner::glide;
 }
 
-void SessionList::arrange(CardFlow::Manner manner) {
+void SessionList::arrange(CardFlow::Manner manner, SpringFeel feel) {
     std::vector<CardFlow::Slot> slots;
     slots.reserve(order_.size());
     for (const auto& id : order_) {
         slots.push_back({id, entries_.at(id).measure(cardWidth())});
     }
-    flow_.arrange(slots, manner);
+    flow_.arrange(slots, manner, feel);
     showPlaces();
     if (manner == CardFlow::Manner::glide) {
         startMoving();

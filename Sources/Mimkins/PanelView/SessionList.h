@@ -76,7 +76,7 @@ private:
     void showRow(const CardRow& row, Date now);
     CardView* makeCard(const CardRow& row, Date now);
     SubtaskListView* makeSubtasks(CardView& card);
-    void arrange(CardFlow::Manner manner);
+    void arrange(CardFlow::Manner manner, SpringFeel feel = {});
     CardFlow::Manner manner() const;
     void showPlaces();
     void dropGone();
