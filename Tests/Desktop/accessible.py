@@ -22,7 +22,7 @@ SESSIONS = {
     "weather-station": "Working",
     "🎉🎉": "Tidying up",
     "compiler": "Hit a snag",
-    "買い物かご": "Maybe stuck",
+    "корзина": "Maybe stuck",
     "blog": "Idle",
     "garden": "New reply",
     "kitchen": "Done",

@@ -69,7 +69,9 @@ int renderCards(const Options& options, const Paths& paths) {
     list.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list.setPaused(true);
     const int width = static_cast<int>(settings.panelWidth);
+    list.setAttribute(Qt::WA_DontShowOnScreen);
     list.resize(width, 1);
+    list.show(); // only what is shown follows its size at once
     list.setRows(rowsOf(scene, options.cardState), scene.at());
     list.resize(width, std::max(static_cast<int>(std::ceil(list.flow().contentHeight())), 1));
     list.setPaused(false);

@@ -62,9 +62,10 @@ void TitleLabel::paintEvent(QPaintEvent*) {
     painter.fillPath(appIconPath({0, (area.height() - iconSide) / 2, iconSide, iconSide}), brush);
     painter.setPen(QPen(brush, 1));
     painter.setFont(font());
+    const QRectF words = area.adjusted(iconSide + spacing, 0, 0, 0);
     painter.drawText(
-        area.adjusted(iconSide + spacing, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        text()
+        words, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        QFontMetricsF(font()).elidedText(text(), Qt::ElideRight, words.width())
     );
 }
 
@@ -91,6 +92,21 @@ void PanelHeader::setLook(const PetTheme& theme, const Typography& typography) {
     cog_->setTheme(theme);
     moon_->setTheme(theme);
     summary_->setSummary(present_, theme, typography);
+    fitTitle();
+}
+
+/// The title takes what the buttons and the shortest summary leave; an ordinary one leaves more than enough.
+void PanelHeader::fitTitle() {
+    double taken = 2 * paddingX;
+    for (const auto* button : {static_cast<QWidget*>(cog_), static_cast<QWidget*>(moon_)}) {
+        taken += button->isHidden() ? 0 : HeaderButton::side + spacing;
+    }
+    taken += summary_->isHidden() ? 0 : summary_->minimumSizeHint().width() + spacing;
+    title_->setMaximumWidth(std::max(width() - static_cast<int>(taken), 1));
+}
+
+void PanelHeader::resizeEvent(QResizeEvent*) {
+    fitTitle();
 }
 
 void PanelHeader::goTo(DrawerMode mode) {
@@ -117,6 +133,7 @@ void PanelHeader::present(DrawerMode mode, const Summary& summary, bool spins) {
     summary_->setSummary(summary, *theme_, typography_);
     summary_->setToolTip(qt::text(summary.text));
     summary_->setVisible(header::showsSummary(mode));
+    fitTitle();
 }
 
 } // namespace mimkins
