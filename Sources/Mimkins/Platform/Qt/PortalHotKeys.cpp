@@ -41,7 +41,7 @@ public:
         : loop_(loop), request_(std::move(request)), name_(connectionName()), bus_(connectTo(address, name_)),
           owner_(service, bus_, QDBusServiceWatcher::WatchForOwnerChange) {}
 
-    ~Binding() { QDBusConnection::disconnectFromBus(name_); }
+    ~Binding() = default;
 
     Binding(const Binding&) = delete;
     Binding& operator=(const Binding&) = delete;
@@ -52,7 +52,11 @@ public:
             return;
         }
         registerPortalShortcuts();
-        signals_.onResponse = [this](const QDBusMessage& message) { receive(message); };
+        signals_.onResponse = [this](const QDBusMessage& message) {
+            if (alive_) {
+                receive(message);
+            }
+        };
         signals_.onActivated = [this](const QString& session, const QString& shortcut) {
             press(session, shortcut);
         };
@@ -68,12 +72,10 @@ public:
         introduce();
     }
 
-    /// Nothing more is called.
+    /// Gives the keys back. Nothing more is called.
     void end() {
         alive_.reset();
-        signals_.onResponse = nullptr;
-        signals_.onActivated = nullptr;
-        signals_.onClosed = nullptr;
+        QDBusConnection::disconnectFromBus(name_);
     }
 
 private:
@@ -186,7 +188,7 @@ private:
     }
 
     void press(const QString& session, const QString& shortcut) {
-        if (session != session_ || shortcut != shortcutId) {
+        if (!alive_ || session != session_ || shortcut != shortcutId) {
             return;
         }
         loop_.post([alive = std::weak_ptr(alive_), this] {
@@ -201,13 +203,16 @@ private:
     void ownerChanged(bool present) {
         if (!present) {
             lose("the desktop's portal has gone");
-        } else if (lost_) {
+        } else if (alive_ && lost_) {
             lost_ = false;
             introduce();
         }
     }
 
     void lose(const char* why) {
+        if (!alive_) {
+            return;
+        }
         session_.clear();
         if (!told_) {
             conclude(HotKeyResult::failed);
@@ -250,9 +255,10 @@ private:
 Handle PortalHotKeys::registerHotKey(HotKeyRequest request) {
     auto binding = std::make_shared<Binding>(loop_, address_, std::move(request));
     binding->start();
-    return Handle([binding]() mutable {
+    // The end may come out of one of its own calls, and the rest of it has to outlast that.
+    return Handle([binding, &loop = loop_] {
         binding->end();
-        binding.reset();
+        loop.post([binding] {});
     });
 }
 
