@@ -24,7 +24,15 @@ if(MIMKINS_UI)
     find_package(Qt6 REQUIRED COMPONENTS Test)
     mimkins_test(Interface LIBRARIES mimkins_app Qt6::Test PROGRAMS mimkins ENVIRONMENT QT_QPA_PLATFORM=offscreen)
     mimkins_test(Install PROGRAMS mimkins mimkin mimkins_icons)
+    find_package(Qt6 REQUIRED COMPONENTS DBus Test)
+    mimkins_test(Interface LIBRARIES mimkins_app Qt6::DBus Qt6::Test PROGRAMS mimkins ENVIRONMENT QT_QPA_PLATFORM=offscreen)
     add_test(NAME Desktop COMMAND Desktop/run $<TARGET_FILE:mimkins> ${CMAKE_BINARY_DIR}/Desktop
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    foreach(script accessible tray two-screens)
+        add_test(NAME Desktop/${script} COMMAND Desktop/${script} $<TARGET_FILE:mimkins>
+            WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+        set_tests_properties(
+            Desktop/${script} PROPERTIES RUN_SERIAL ON TIMEOUT 240 LABELS slow SKIP_RETURN_CODE 77)
+    endforeach()
     set_tests_properties(Desktop PROPERTIES RUN_SERIAL ON TIMEOUT 240 LABELS slow SKIP_RETURN_CODE 77)
 endif()

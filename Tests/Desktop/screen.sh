@@ -36,7 +36,7 @@ mkdir -p "$home" "$work/runtime"
 chmod 700 "$work/runtime"
 # Nothing of the real user's: neither the home folder nor the session bus.
 export HOME="$home" XDG_RUNTIME_DIR="$work/runtime"
-unset DBUS_SESSION_BUS_ADDRESS WAYLAND_DISPLAY QT_QPA_PLATFORM XDG_CONFIG_HOME || true
+unset DBUS_SESSION_BUS_ADDRESS WAYLAND_DISPLAY XDG_SESSION_TYPE QT_QPA_PLATFORM XDG_CONFIG_HOME || true
 
 Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$work/display" >>"$work/programs.log" 2>&1 &
 started="$! $started"

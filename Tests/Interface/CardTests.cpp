@@ -5,6 +5,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <cmath>
+#include <numbers>
+
 namespace mimkins::test {
 
 namespace {
@@ -243,6 +246,62 @@ TEST_F(Card, ToolTipsSayWhatIsUnderThePointer) {
     );
 }
 
+TEST_F(Card, FinishedSubtasksUnfoldByTheirSpring) {
+    startWithSubtask();
+    const std::string folder = "/home/somebody/t/a/subagents/";
+    files.write(
+        folder + "agent-old.jsonl",
+        R"({"type":"assistant","message":{"stop_reason":"end_turn","content":[{"type":"text","text":"So."}]}})"
+        "\n",
+        fileTime(static_cast<std::int64_t>(loop.now().secondsSince1970) - 60)
+    );
+    store->toggleSubtasks("a");
+    settle();
+    auto* list = panel->list().subtasks("a");
+    ASSERT_NE(list, nullptr);
+    ASSERT_EQ(list->finishedButton().text(), "1 finished");
+    const auto& place = *panel->list().flow().find("a");
+    const double shut = place.height();
+    list->finishedButton().click();
+    const double open = place.targetHeight();
+    EXPECT_EQ(place.height(), shut); // nothing jumps
+    ASSERT_TRUE(panel->list().isMoving());
+    // Critically damped, response 0.35: after a time t there are still (1 + wt) e^-wt of the way to go.
+    panel->list().step(0.1);
+    const double w = 2 * std::numbers::pi / 0.35;
+    const double left = (1 + w * 0.1) * std::exp(-w * 0.1);
+    EXPECT_NEAR(panel->list().flow().find("a")->height(), open - (open - shut) * left, 0.01);
+    settle();
+    EXPECT_EQ(list->height(), static_cast<int>(list->heightFor(list->width())));
+    list->finishedButton().click();
+    EXPECT_EQ(list->rows().size(), 2U);
+    settle();
+    EXPECT_EQ(list->rows().size(), 1U);
+    EXPECT_EQ(panel->list().flow().find("a")->height(), shut);
+}
+
+TEST_F(Card, FinishedSubtasksOfACoveredDrawerShowAtOnce) {
+    startWithSubtask();
+    const std::string folder = "/home/somebody/t/a/subagents/";
+    files.write(
+        folder + "agent-old.jsonl",
+        R"({"type":"assistant","message":{"stop_reason":"end_turn","content":[{"type":"text","text":"So."}]}})"
+        "\n",
+        fileTime(static_cast<std::int64_t>(loop.now().secondsSince1970) - 60)
+    );
+    store->toggleSubtasks("a");
+    drawer.setCovered(true);
+    auto* list = panel->list().subtasks("a");
+    const int shut = list->height();
+    list->finishedButton().click();
+    EXPECT_EQ(list->height(), static_cast<int>(list->heightFor(list->width())));
+    EXPECT_EQ(list->rows().size(), 2U);
+    EXPECT_EQ(list->rows()[1]->opacity(), 1);
+    list->finishedButton().click();
+    EXPECT_EQ(list->rows().size(), 1U);
+    EXPECT_EQ(list->height(), shut);
+}
+
 SubtaskRows rowsOf(int running, int finished) {
     std::vector<Subtask> tasks;
     for (int index = 0; index < running + finished; ++index) {
@@ -288,6 +347,34 @@ TEST(SubtaskListView, FinishedOnesStandBehindAButton) {
     EXPECT_GT(list.heightFor(300), shut + 6 * 56);
     list.finishedButton().click();
     EXPECT_EQ(list.heightFor(300), shut);
+}
+
+TEST(SubtaskListView, FinishedOnesFadeWithTheRoomTheyHave) {
+    SubtaskListView list(nightLook());
+    list.setRows(rowsOf(1, 2), Date{0});
+    const auto fit = [&list](double share, double shut, double open) {
+        list.resize(300, static_cast<int>(std::lround(shut + (open - shut) * share)));
+    };
+    const double shut = list.heightFor(300);
+    fit(0, shut, shut);
+    list.onHeightChange = [] {};
+    list.finishedButton().click();
+    const double open = list.heightFor(300);
+    ASSERT_EQ(list.rows().size(), 3U);
+    EXPECT_EQ(list.rows()[1]->opacity(), 0);
+    fit(0.5, shut, open);
+    EXPECT_NEAR(list.rows()[1]->opacity(), 0.5, 0.02);
+    EXPECT_EQ(list.rows()[0]->opacity(), 1);
+    fit(1, shut, open);
+    EXPECT_EQ(list.rows()[2]->opacity(), 1);
+
+    list.finishedButton().click();
+    EXPECT_EQ(list.heightFor(300), shut); // where it wants to go
+    EXPECT_EQ(list.rows().size(), 3U);    // what goes can still be seen
+    fit(0.25, shut, open);
+    EXPECT_NEAR(list.rows()[2]->opacity(), 0.25, 0.02);
+    fit(0, shut, open);
+    EXPECT_EQ(list.rows().size(), 1U);
 }
 
 TEST(SubtaskListView, ItemsStandBelowOneAnother) {

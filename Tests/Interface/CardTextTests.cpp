@@ -1,11 +1,16 @@
+#include "Drawing/Contrast.h"
+#include "Drawing/Qt/Conversions.h"
 #include "PanelView/CardText.h"
 #include "PanelView/CardView.h"
+#include "PanelView/SummaryLabel.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPixmap>
 
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace mimkins::test {
 
@@ -57,6 +62,30 @@ CardRow fullRow(const Case& words) {
     full.model = modelBadge({"claude-a-model-with-a-long-name", "max"}, ModelBadgeForm::named);
     full.highlighted = true;
     return full;
+}
+
+/// What a run looks like in its place, with or without being cut to it.
+QImage drawn(const CardText::Run& run, int more) {
+    constexpr int room = 40;
+    QImage image(
+        static_cast<int>(run.rect.width()) + 2 * room, static_cast<int>(run.rect.height()) + 2 * room,
+        QImage::Format_ARGB32_Premultiplied
+    );
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setFont(run.font);
+    painter.drawText(
+        QRectF(QPointF(room, room), run.rect.size()),
+        static_cast<int>(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter) | Qt::TextSingleLine | more,
+        run.text
+    );
+    return image;
+}
+
+void expectWhole(const CardText& set) {
+    for (const auto& run : set.runs) {
+        EXPECT_EQ(drawn(run, 0), drawn(run, Qt::TextDontClip)) << run.text.toStdString();
+    }
 }
 
 class CardTextAtScale : public testing::TestWithParam<double> {};
@@ -113,6 +142,19 @@ TEST_P(CardTextAtScale, WordsOfASubtaskStayApart) {
             task.badges = {
                 std::nullopt, modelBadge({words.project + "-model", "max"}, ModelBadgeForm::highlighted)};
             expectApart(setSubtaskText(task, "88h 59m", width, shown), width);
+        }
+    }
+}
+
+TEST_P(CardTextAtScale, NoWordIsCutByItsPlace) {
+    for (const auto design :
+         {FontDesign::standard, FontDesign::rounded, FontDesign::serif, FontDesign::monospaced}) {
+        const CardLook shown = look(GetParam(), design);
+        for (const double width : {140.0, 200.0, 260.0}) {
+            for (const auto& words : cases) {
+                SCOPED_TRACE(testing::Message() << words.name << " in " << width);
+                expectWhole(setCardText(fullRow(words), "88h 59m", width, shown));
+            }
         }
     }
 }
@@ -217,6 +259,63 @@ TEST(CardText, MarkInTheCornerLeavesRoomForItself) {
         }
     }
     EXPECT_LE(set.runs[0].rect.right(), width - mark);
+}
+
+TEST(CardText, MarkCanBeReadInEveryTheme) {
+    for (const auto& theme : PetTheme::all()) {
+        for (const auto scheme : {ColorScheme::light, ColorScheme::dark}) {
+            const PetTheme plain = theme.resolved(scheme);
+            const Chip mark = nextUpChip({&plain, Typography(FontDesign::rounded, 1), 62, {}});
+            EXPECT_GE(contrast(mark.pieces.front().ink, accent(plain)), 4.5) << theme.id;
+        }
+    }
+}
+
+TEST(CardText, TimeStandsBesideTheStateRatherThanAlone) {
+    const CardLook shown = look(1);
+    for (double width = 100; width < 300; width += 1) {
+        const auto set = setCardText(row(cases[0]), "5m", width, shown);
+        std::map<CardText::Role, QRectF> places;
+        for (const auto& run : set.runs) {
+            places[run.role] = run.rect;
+        }
+        const QRectF mood = places[CardText::Role::mood];
+        const bool fitsBeside = QFontMetricsF(shown.typography.font(11, QFont::DemiBold))
+                                    .horizontalAdvance(qt::text(label(Mood::background))) < width - 50;
+        EXPECT_TRUE(!fitsBeside || places[CardText::Role::elapsed].top() == mood.top()) << width;
+    }
+}
+
+TEST(CardText, LongWordGoesOnInTheSecondLine) {
+    auto wordy = row(cases[0]);
+    wordy.title = "Donaudampfschifffahrtsgesellschaftskapitaen";
+    const auto titles = textsOf(setCardText(wordy, "5s", 200, look(1)), CardText::Role::title);
+    ASSERT_EQ(titles.size(), 2);
+    EXPECT_FALSE(titles[0].contains("…"));
+    EXPECT_EQ(titles.join(""), "Donaudampfschifffahrtsgesellschaftskapitaen");
+}
+
+TEST(SummaryLabel, SaysWhatThereIsRoomFor) {
+    SummaryLabel label;
+    label.setSummary({SummaryKind::waiting, "5 waiting on you"}, PetTheme::nightSky(), look(1).typography);
+    const auto drawnWidth = [&label](int width) {
+        label.resize(width, label.sizeHint().height());
+        const QImage picture = label.grab().toImage();
+        int left = 0;
+        while (left < width && picture.pixelColor(left, picture.height() / 2).alpha() == 0) {
+            ++left;
+        }
+        return width - left;
+    };
+    const int whole = label.sizeHint().width();
+    label.setAttribute(Qt::WA_TranslucentBackground);
+    EXPECT_EQ(drawnWidth(whole), whole);
+    EXPECT_EQ(drawnWidth(whole + 40), whole);
+    const int two = drawnWidth(whole - 1); // "5 waiting"
+    EXPECT_LT(two, whole - 20);
+    EXPECT_EQ(drawnWidth(two), two);
+    EXPECT_LT(drawnWidth(two - 1), two - 20); // "5"
+    EXPECT_EQ(label.text(), "5 waiting on you");
 }
 
 TEST(CardView, DrawsEveryMoodDifferently) {

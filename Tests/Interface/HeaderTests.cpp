@@ -52,6 +52,41 @@ TEST_F(Header, CogInTheWrapUpGoesToTheSettings) {
     EXPECT_EQ(drawer.mode(), DrawerMode::sweep);
 }
 
+TEST(PanelHeaderTest, NothingOverlapsWhateverTheFont) {
+    for (const auto& theme : PetTheme::all()) {
+        const PetTheme plain = theme.resolved(ColorScheme::dark);
+        for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+            for (const int width : {280, 320, 380}) {
+                PanelHeader header;
+                header.setLook(plain, Typography(plain.font, scale));
+                header.present(DrawerMode::pets, {SummaryKind::waiting, "128 waiting on you"});
+                header.resize(width, 80);
+                header.show();
+                SCOPED_TRACE(testing::Message() << theme.id << " at " << scale << " in " << width);
+                const auto left = header.titleLabel().geometry();
+                const auto middle = header.moon().geometry();
+                const auto right = header.summaryLabel().geometry();
+                EXPECT_GE(left.left(), 0);
+                EXPECT_LT(left.right(), middle.left());
+                EXPECT_LT(middle.right(), right.left());
+                EXPECT_LT(right.right(), width);
+                EXPECT_GE(right.width(), 36);
+            }
+        }
+    }
+}
+
+TEST(PanelHeaderTest, OrdinaryTitleIsWhole) {
+    for (const auto& theme : PetTheme::all()) {
+        PanelHeader header;
+        header.setLook(theme, Typography(theme.font, 1));
+        header.present(DrawerMode::pets, {SummaryKind::waiting, "5 waiting on you"});
+        header.resize(280, 60);
+        header.show();
+        EXPECT_GE(header.titleLabel().width(), header.titleLabel().sizeHint().width()) << theme.id;
+    }
+}
+
 TEST_F(Header, CogIsAwayWithoutAScreenBehindIt) {
     start();
     EXPECT_FALSE(header().cog().isVisible());

@@ -144,6 +144,79 @@ TEST_F(Render, FilmMovesAndGoesRoundForEver) {
     EXPECT_GT(colorsOf(first), 60);
 }
 
+class RenderSessions : public Render {
+protected:
+    static constexpr const char* at = "1795246096000";
+
+    void report(const std::string& id, const std::string& state) {
+        writeFile(
+            folder / ("Library/Application Support/Mimkins/sessions/" + id + ".json"),
+            R"({"id":")" + id + R"(","state":")" + state + R"(","since":)" + at + R"(,"ts":)" + at +
+                R"(,"event":"Stop","project":"shop","title":"Fix the basket"})"
+        );
+    }
+
+    /// A picture of this kind at that moment, drawn as the words say.
+    QImage drawn(const std::string& kind, const std::vector<std::string>& words) {
+        std::vector<std::string> all{kind, "--at", at, "-o", file("a.png")};
+        all.insert(all.end(), words.begin(), words.end());
+        const auto result = render(all);
+        EXPECT_EQ(result.status, 0) << result.errors;
+        return picture("a.png");
+    }
+};
+
+TEST_F(RenderSessions, CardsOfAllSessionsAtEachWidth) {
+    report("a", "working");
+    const QImage one = drawn("card", {});
+    report("b", "done");
+    EXPECT_EQ(one.width(), 320);
+    EXPECT_GT(drawn("card", {}).height(), one.height() + 80);
+    EXPECT_EQ(drawn("card", {"--width", "narrow"}).width(), 280);
+    EXPECT_EQ(drawn("card", {"--width", "wide"}).width(), 380);
+    EXPECT_EQ(drawn("card", {"--width", "wide", "--scale", "2"}).width(), 760);
+    const int usual = drawn("card", {}).height();
+    EXPECT_GT(drawn("card", {"--text-size", "2"}).height(), usual + 60);
+    EXPECT_GT(render({"card", "--width", "huge", "-o", file("a.png")}).status, 100);
+}
+
+TEST_F(RenderSessions, CardsInEachState) {
+    report("a", "working");
+    std::vector<QImage> pictures;
+    for (const char* state : {"plain", "hover", "pressed", "next"}) {
+        pictures.push_back(drawn("card", {"--state", state}));
+        EXPECT_EQ(pictures.front().size(), pictures.back().size()) << state;
+    }
+    pictures.push_back(drawn("card", {"--theme", "paper"}));
+    for (std::size_t one = 0; one < pictures.size(); ++one) {
+        for (std::size_t other = one + 1; other < pictures.size(); ++other) {
+            EXPECT_NE(pictures[one], pictures[other]) << one << " and " << other;
+        }
+    }
+}
+
+TEST_F(RenderSessions, TabShowsWhoWaits) {
+    std::vector<QImage> pictures{drawn("tab", {})};
+    report("a", "done");
+    pictures.push_back(drawn("tab", {}));
+    report("b", "waiting");
+    pictures.push_back(drawn("tab", {}));
+    pictures.push_back(drawn("tab", {"--open"}));
+    pictures.push_back(drawn("tab", {"--state", "hover"}));
+    for (std::size_t one = 0; one < pictures.size(); ++one) {
+        EXPECT_EQ(pictures[one].size(), QSize(28, 92));
+        for (std::size_t other = one + 1; other < pictures.size(); ++other) {
+            EXPECT_NE(pictures[one], pictures[other]) << one << " and " << other;
+        }
+    }
+}
+
+TEST_F(RenderSessions, ExpandedCardShowsItsSubtasks) {
+    report("a", "working");
+    const int shut = drawn("card", {}).height();
+    EXPECT_GT(drawn("card", {"--expanded", "a"}).height(), shut + 20);
+}
+
 TEST_F(Render, IconInAnySize) {
     for (const int side : app_icon::sides) {
         const auto name = std::to_string(side) + ".png";
@@ -170,7 +243,7 @@ TEST_F(Render, SettingsOfAHomeWhichStaysAsItIs) {
 }
 
 TEST_F(Render, HelpHasExamples) {
-    for (const char* command : {"pet", "sheet", "film", "icon"}) {
+    for (const char* command : {"pet", "sheet", "film", "icon", "card", "tab"}) {
         const auto result = render({command, "--help"});
         EXPECT_EQ(result.status, 0);
         EXPECT_THAT(result.output, HasSubstr("Example")) << command;

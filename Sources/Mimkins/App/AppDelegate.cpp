@@ -4,7 +4,7 @@
 #include "App/PanelSettingsOf.h"
 #include "App/StatusPicture.h"
 #include "Drawing/Qt/Conversions.h"
-#include "Platform/Qt/XcbHotKeys.h"
+#include "Platform/Qt/DesktopHotKeys.h"
 #include "Platform/Qt/XcbWindowSystem.h"
 #include "Presentation/SetupWords.h"
 #include "Presentation/StatusItem.h"

@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include <filesystem>
+#include <map>
+#include <string>
 
 namespace mimkins {
 
@@ -165,17 +167,8 @@ CLI::App* describeScreen(CLI::App& render, Options& options, const Screen& scree
     command->add_option("--theme", options.theme, "The theme's id (else that of the settings)")
         ->type_name("ID");
     command->add_option("--scale", options.scale, "Pixels per point")->check(CLI::Range(0.5, 8.0));
-    if (screen.command != Command::renderHud) {
-        command
-            ->add_option_function<std::string>(
-                "--width",
-                [&options](const std::string& word) { options.width = choiceNamed<DrawerWidth>(word); },
-                "Width of the drawer (else that of the settings)"
-            )
-            ->check(CLI::IsMember({"narrow", "regular", "wide"}));
-        command->add_option("--height", options.height, "Height of the drawer in points")
-            ->check(CLI::Range(200, 4000));
-    }
+    command->add_option("--text-size", options.textSize, "Size of the user's font; 2 for 200 percent")
+        ->check(CLI::Range(1.0, 4.0));
     command->add_option("-o,--output", options.output, "The PNG file to write")
         ->required()
         ->type_name("FILE");
@@ -183,9 +176,58 @@ CLI::App* describeScreen(CLI::App& render, Options& options, const Screen& scree
     return command;
 }
 
+void addWidth(CLI::App& command, Options& options) {
+    command
+        .add_option_function<std::string>(
+            "--width",
+            [&options](const std::string& word) { options.width = choiceNamed<DrawerWidth>(word); },
+            "narrow, regular or wide (else that of the settings)"
+        )
+        ->check(CLI::IsMember({"narrow", "regular", "wide"}))
+        ->type_name("W");
+}
+
+void addExpanded(CLI::App& command, Options& options) {
+    command.add_option("--expanded", options.expanded, "The session whose subtasks are open")
+        ->type_name("ID");
+}
+
+void addState(CLI::App& command, Options& options, const std::map<std::string, Options::CardState>& states) {
+    command.add_option("--state", options.cardState, "How it is shown (plain)")
+        ->transform(CLI::CheckedTransformer(states, CLI::ignore_case).description(""))
+        ->type_name("S");
+}
+
+CLI::App* describeDrawer(CLI::App& render, Options& options, const Screen& screen) {
+    auto* command = describeScreen(render, options, screen);
+    addWidth(*command, options);
+    addExpanded(*command, options);
+    command->add_option("--height", options.height, "Height of the drawer in points")
+        ->check(CLI::Range(200, 4000));
+    return command;
+}
+
+void describeCards(CLI::App& render, Options& options) {
+    using State = Options::CardState;
+    auto* cards = describeScreen(
+        render, options, {"card", "The card of each session, below one another", Command::renderCards}
+    );
+    addWidth(*cards, options);
+    addExpanded(*cards, options);
+    addState(
+        *cards, options,
+        {{"plain", State::plain}, {"hover", State::hover}, {"pressed", State::pressed}, {"next", State::next}}
+    );
+    cards->footer("Example:\n  mimkins render card --state next --width narrow -o cards.png");
+    auto* tab = describeScreen(render, options, {"tab", "The tab at the screen's edge", Command::renderTab});
+    addState(*tab, options, {{"plain", State::plain}, {"hover", State::hover}});
+    tab->add_flag("--open", options.open, "Beside an open drawer");
+    tab->footer("Example:\n  mimkins render tab --state hover --scale 2 -o tab.png");
+}
+
 void describeSetup(CLI::App& render, Options& options) {
     auto* setup =
-        describeScreen(render, options, {"setup", "The drawer with the set-up screen", Command::renderSetup});
+        describeDrawer(render, options, {"setup", "The drawer with the set-up screen", Command::renderSetup});
     setup->add_option("--status", options.setup.status, "How the connection stands (notConnected)")
         ->check(CLI::IsMember({"connected", "notConnected", "needsUpdate", "noClaudeCode"}));
     setup->add_flag("--details", options.setup.details, "With what connecting changes in detail");
@@ -197,9 +239,9 @@ void describeSetup(CLI::App& render, Options& options) {
 void describeRender(CLI::App& app, Options& options) {
     auto* render = app.add_subcommand("render", "Draw a picture into a file; needs no display");
     render->require_subcommand(1);
-    describeScreen(*render, options, {"drawer", "The open drawer with its tab", Command::renderDrawer});
-    describeScreen(*render, options, {"sweep", "The drawer with the wrap-up", Command::renderSweep});
-    describeScreen(
+    describeDrawer(*render, options, {"drawer", "The open drawer with its tab", Command::renderDrawer});
+    describeDrawer(*render, options, {"sweep", "The drawer with the wrap-up", Command::renderSweep});
+    describeDrawer(
         *render, options,
         {"settings", "The drawer with the settings, as high as they are", Command::renderSettings}
     );
@@ -207,6 +249,7 @@ void describeRender(CLI::App& app, Options& options) {
         *render, options,
         {"hud", "The notice that the first press of the shortcut brings", Command::renderHud}
     );
+    describeCards(*render, options);
     describeSetup(*render, options);
     describePetPictures(*render, options);
 }

@@ -17,11 +17,16 @@ struct Options {
         renderSettings,
         renderHud,
         renderSetup,
+        renderCards,
+        renderTab,
         renderPet,
         renderSheet,
         renderFilm,
         renderIcon,
     };
+
+    /// How every card, or the tab, of a picture is shown.
+    enum class CardState { plain, hover, pressed, next };
 
     Command command = Command::run;
     std::optional<std::string> home; ///< absolute; nothing stands for the user's own
@@ -34,10 +39,14 @@ struct Options {
     std::optional<double> demoSpeed; ///< seconds of the made-up day in a real one
 
     // For pictures.
-    std::optional<double> at;         ///< milliseconds since 1970; nothing stands for now
-    std::optional<std::string> theme; ///< its id; nothing stands for the one of the settings
-    double scale = 1;                 ///< pixels per point
-    int height = 760;                 ///< of the drawer, points
+    std::optional<double> at;            ///< milliseconds since 1970; nothing stands for now
+    std::optional<std::string> theme;    ///< its id; nothing stands for the one of the settings
+    double scale = 1;                    ///< pixels per point
+    double textSize = 1;                 ///< of the user's own font, a factor
+    std::optional<std::string> expanded; ///< the session whose subtasks are open
+    CardState cardState = CardState::plain;
+    bool open = false; ///< the drawer beside the tab is
+    int height = 760;  ///< of the drawer, points
     std::string output;
     int iconSide = 128;               ///< pixels
     std::optional<DrawerWidth> width; ///< nothing stands for the one of the settings

@@ -1,40 +1,25 @@
 #include "App/Render.h"
 
-#include "App/PanelSettingsOf.h"
+#include "App/RenderScene.h"
+#include "App/SilentServices.h"
 #include "Drawing/Qt/Scheme.h"
 #include "HUD/HUDView.h"
 #include "NextUp/NextUpPress.h"
 #include "PanelView/EdgeTab.h"
 #include "PanelView/PanelView.h"
 #include "PanelView/SlideWindow.h"
-#include "Platform/Linux/JsonPreferencesStore.h"
-#include "Platform/Linux/OneLoad.h"
 #include "Presentation/Notice.h"
 #include "Presentation/PanelFrames.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 
-#include <chrono>
-#include <iostream>
+#include <cmath>
 
 namespace mimkins {
 
 namespace {
-
-class NoLinks final : public LinkOpener {
-public:
-    void openLink(const std::string&) override {}
-
-    void showFile(const std::string&) override {}
-
-    void showFolder(const std::string&) override {}
-};
-
-class NoSounds final : public SoundPlayer {
-public:
-    void play(const std::string&) override {}
-};
 
 QImage compose(QWidget& drawer, EdgeTab& tab, const panel::Frames& frames) {
     const QPixmap drawerPicture = drawer.grab();
@@ -51,14 +36,6 @@ QImage compose(QWidget& drawer, EdgeTab& tab, const panel::Frames& frames) {
     return image;
 }
 
-int write(const QImage& picture, const std::string& file) {
-    if (!picture.save(QString::fromStdString(file), "PNG")) {
-        std::cerr << "mimkins: can't write " << file << "\n";
-        return 1;
-    }
-    return 0;
-}
-
 } // namespace
 
 void prepareRendering(const Options& options) {
@@ -66,20 +43,13 @@ void prepareRendering(const Options& options) {
     qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
 }
 
-Date renderedMoment(const Options& options) {
-    using Milliseconds = std::chrono::duration<double, std::milli>;
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    return Date::fromMilliseconds(options.at.value_or(Milliseconds(now).count()));
-}
-
-PanelSettings renderedSettings(const Options& options, const Paths& paths, Date at) {
-    StandingLoop standing(at);
-    NoSounds sounds;
-    JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
-    PanelSettings settings = panelSettingsOf(AppSettings({preferences, standing, sounds}), at);
-    settings.themeId = options.theme.value_or(settings.themeId);
-    settings.panelWidth = options.width ? points(*options.width) : settings.panelWidth;
-    return settings;
+void setTextSize(const Options& options) {
+    if (options.textSize == 1) {
+        return;
+    }
+    QFont font = QApplication::font();
+    font.setPixelSize(static_cast<int>(std::lround(Typography::usualPixels * options.textSize)));
+    QApplication::setFont(font);
 }
 
 int writeDrawer(const DrawerPicture& picture, const Options& options) {
@@ -92,42 +62,30 @@ int writeDrawer(const DrawerPicture& picture, const Options& options) {
     EdgeTab tab(picture.loop);
     tab.setTheme(PetTheme::named(picture.settings.themeId));
     tab.setContent({edgeTabBadge(picture.store.sessions()), true});
-    return write(compose(drawer, tab, frames), options.output);
+    return writePicture(compose(drawer, tab, frames), options.output);
 }
 
 int renderDrawer(const Options& options, const Paths& paths) {
-    const Date at = renderedMoment(options);
-    StandingLoop standing(at);
+    RenderScene scene(options, paths);
     NoLinks links;
-    NoSounds sounds;
-    JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
-    const AppSettings settings({preferences, standing, sounds});
-    OneLoad load(paths, settings.rules(), at);
     DrawerState state;
     if (options.command == Options::Command::renderSweep) {
         state.setMode(DrawerMode::sweep);
     }
-    const PanelSettings shown = renderedSettings(options, paths, at);
-    auto* panel = new PanelView({load.store(), state, load.loop(), links}, shown);
-    return writeDrawer({panel, shown, load.store(), load.loop()}, options);
+    auto* panel = new PanelView({scene.store(), state, scene.loop(), links}, scene.settings());
+    return writeDrawer({panel, scene.settings(), scene.store(), scene.loop()}, options);
 }
 
 int renderHud(const Options& options, const Paths& paths) {
-    const Date at = renderedMoment(options);
-    StandingLoop standing(at);
-    NoSounds sounds;
-    JsonPreferencesStore preferences(paths.preferencesFolder(), "app.mimkins");
-    const AppSettings settings({preferences, standing, sounds});
-    OneLoad load(paths, settings.rules(), at);
-    const auto press = NextUp::press({}, load.store().sessions(), at);
+    RenderScene scene(options, paths);
+    const auto press = NextUp::press({}, scene.store().sessions(), scene.at());
     HUDView view;
     view.setAttribute(Qt::WA_TranslucentBackground);
     view.setContent(
-        notice(press, at),
-        PetTheme::named(options.theme.value_or(settings.themeId())).resolved(systemScheme())
+        notice(press, scene.at()), PetTheme::named(scene.settings().themeId).resolved(systemScheme())
     );
     view.resize(view.sizeHint());
-    return write(view.grab().toImage(), options.output);
+    return writePicture(view.grab().toImage(), options.output);
 }
 
 } // namespace mimkins

@@ -11,15 +11,12 @@ namespace mimkins {
 /// To be called before the application object exists.
 void prepareRendering(const Options& options);
 
+/// Gives the application's font the size that is asked for. To be called once the application object exists.
+void setTextSize(const Options& options);
+
 /// Draws the open drawer as it would show at that moment, with the list or the wrap-up. Gives the exit code;
 /// a failure is told on standard error.
 int renderDrawer(const Options& options, const Paths& paths);
-
-/// The settings of a home as a picture shows them, with what the command line asks for instead.
-PanelSettings renderedSettings(const Options& options, const Paths& paths, Date at);
-
-/// The moment that a picture shows.
-Date renderedMoment(const Options& options);
 
 /// A drawer that is to be drawn.
 struct DrawerPicture {

@@ -2,6 +2,8 @@
 
 #include "App/PanelSettingsOf.h"
 #include "App/Render.h"
+#include "App/RenderScene.h"
+#include "App/SilentServices.h"
 #include "Platform/Linux/AutostartService.h"
 #include "Platform/Linux/JsonPreferencesStore.h"
 #include "Platform/Linux/OneLoad.h"
@@ -33,20 +35,6 @@ public:
 private:
     JsonPreferencesStore stored_;
     std::map<std::string, Value> set_;
-};
-
-class NoLinks final : public LinkOpener {
-public:
-    void openLink(const std::string&) override {}
-
-    void showFile(const std::string&) override {}
-
-    void showFolder(const std::string&) override {}
-};
-
-class NoSounds final : public SoundPlayer {
-public:
-    void play(const std::string&) override {}
 };
 
 /// Height of the drawer in which all of a screen's content shows.

@@ -2,6 +2,8 @@
 
 #include "App/ClientConnection.h"
 #include "App/Render.h"
+#include "App/RenderScene.h"
+#include "App/SilentServices.h"
 #include "Platform/Linux/DemoHome.h"
 #include "Platform/Linux/JsonPreferencesStore.h"
 #include "Platform/Linux/LinuxResources.h"
@@ -14,15 +16,6 @@
 namespace mimkins {
 
 namespace {
-
-class NoLinks final : public LinkOpener {
-public:
-    void openLink(const std::string&) override {}
-
-    void showFile(const std::string&) override {}
-
-    void showFolder(const std::string&) override {}
-};
 
 /// A home that goes away with the object.
 struct StagedHome {
@@ -64,7 +57,7 @@ int draw(const Options& options, const Paths& paths) {
     OneLoad load(staged.paths, {}, at);
     DrawerState state;
     state.setMode(DrawerMode::setup);
-    const PanelSettings settings = renderedSettings(options, paths, at);
+    const PanelSettings settings = RenderScene(options, paths).settings();
     auto* panel = new PanelView({load.store(), state, loop, links}, settings);
     auto* setup = new SetupView({client.connection(), loop, nullptr}, panel->look());
     panel->addScreen(DrawerMode::setup, setup);

@@ -3,6 +3,7 @@
 #include "App/IconPicture.h"
 #include "App/Options.h"
 #include "App/Render.h"
+#include "App/RenderCards.h"
 #include "App/RenderPet.h"
 #include "App/RenderSettings.h"
 #include "App/RenderSetup.h"
@@ -120,6 +121,10 @@ int render(const Options& options, const Paths& paths) {
         return renderSettings(options, paths);
     case Options::Command::renderSetup:
         return renderSetup(options, paths);
+    case Options::Command::renderCards:
+        return renderCards(options, paths);
+    case Options::Command::renderTab:
+        return renderTab(options, paths);
     default:
         return renderDrawer(options, paths);
     }
@@ -157,6 +162,7 @@ int main(int count, char** words) {
     }
     const Paths paths(*home);
     if (rendering) {
+        setTextSize(options);
         return render(options, paths);
     }
     takeOverPreferences(paths);

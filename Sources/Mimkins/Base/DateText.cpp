@@ -83,6 +83,18 @@ double zoneOffset(Scanner& scanner) {
     return west ? -seconds : seconds;
 }
 
+/// In a format that is taken over; empty if there is none.
+std::string formatted(Date date, icu::DateFormat* made) {
+    const std::unique_ptr<icu::DateFormat> format(made);
+    icu::UnicodeString words;
+    std::string result;
+    if (format) {
+        format->format(date.milliseconds(), words);
+        words.toUTF8String(result);
+    }
+    return result;
+}
+
 } // namespace
 
 std::optional<Date> parseIso8601(std::string_view text) {
@@ -137,15 +149,13 @@ std::string description(Date date) {
 }
 
 std::string shortTime(Date date) {
-    const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createTimeInstance(icu::DateFormat::kShort)
+    return formatted(date, icu::DateFormat::createTimeInstance(icu::DateFormat::kShort));
+}
+
+std::string dateAndShortTime(Date date) {
+    return formatted(
+        date, icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium, icu::DateFormat::kShort)
     );
-    icu::UnicodeString words;
-    std::string result;
-    if (format) {
-        format->format(date.milliseconds(), words);
-        words.toUTF8String(result);
-    }
-    return result;
 }
 
 } // namespace mimkins::text

@@ -22,4 +22,7 @@ std::string description(Date date);
 /// The short time of day of the user's locale and time zone, such as "14:30" or "2:30 PM".
 std::string shortTime(Date date);
 
+/// The date in its abbreviated form and the short time of day, in the user's locale, calendar and time zone.
+std::string dateAndShortTime(Date date);
+
 } // namespace mimkins::text

@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
+#include "PanelView/AccessibleRole.h"
 #include "Pet/MiniHead.h"
 #include "Presentation/SessionPet.h"
 #include "Theme/ThemeDrawing.h"
@@ -48,7 +49,9 @@ QPainterPath rounded(const QRectF& rect, double corner) {
 
 } // namespace
 
-HUDView::HUDView() : theme_(PetTheme::nightSky()), typography_(theme_.font) {}
+HUDView::HUDView() : theme_(PetTheme::nightSky()), typography_(theme_.font) {
+    setAccessibleRole(*this, QAccessible::AlertMessage);
+}
 
 void HUDView::setContent(const Notice& notice, const PetTheme& theme) {
     notice_ = notice;

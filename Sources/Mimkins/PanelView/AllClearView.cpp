@@ -3,6 +3,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Symbols.h"
+#include "PanelView/AccessibleRole.h"
 #include "PanelView/SweepDrawing.h"
 
 #include <QFontMetricsF>
@@ -28,6 +29,7 @@ constexpr auto oneLine = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
 
 AllClearView::AllClearView(const SweepWords::AllClear& words, const CardLook& look, Date now)
     : words_(words), look_(look) {
+    setAccessibleRole(*this, QAccessible::StaticText);
     Pet pet;
     pet.action = PetAction::resting;
     pet.seed = SweepWords::allClearSeed;

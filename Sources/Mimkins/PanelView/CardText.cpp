@@ -1,5 +1,6 @@
 #include "PanelView/CardText.h"
 
+#include "Drawing/Contrast.h"
 #include "Drawing/Qt/Conversions.h"
 #include "PanelView/TextColumn.h"
 #include "Presentation/MoodTint.h"
@@ -20,7 +21,7 @@ constexpr double headerGap = 6;
 constexpr double projectSpacing = 0.7;
 constexpr int titleLines = 2;
 /// The room that a project asks for at the least beside badges, in heights of its font.
-constexpr double leastProject = 4;
+constexpr double leastProject = 6;
 
 using Badge = CardText::Badge;
 using Role = CardText::Role;
@@ -113,26 +114,37 @@ double headerWidth(const CardRow& row, double width, const CardLook& look) {
     return std::max(width - left, width / 2);
 }
 
-void setElapsed(TextColumn& column, const QString& elapsed, const QFont& font) {
-    const double least = std::ceil(QFontMetricsF(font).horizontalAdvance("88m"));
-    column.piece(Role::elapsed, elapsed, font, least);
+using Piece = TextColumn::Piece;
+
+Piece elapsedPiece(const QString& elapsed, const QFont& font) {
+    return {Role::elapsed, elapsed, font, std::ceil(QFontMetricsF(font).horizontalAdvance("88m"))};
 }
 
 void setState(TextColumn& column, const CardRow& row, const QString& elapsed, const Typography& typography) {
     const QFont plain = typography.font(smallPoints, QFont::Medium);
+    const Piece time = elapsedPiece(elapsed, plain);
     column.newLine(plain);
     if (row.name) {
-        column.piece(Role::name, qt::text(*row.name), typography.font(smallPoints, QFont::Bold));
+        column.piece({Role::name, qt::text(*row.name), typography.font(smallPoints, QFont::Bold)});
     }
-    column.piece(Role::mood, qt::text(row.moodLabel), typography.font(smallPoints, QFont::DemiBold));
-    setElapsed(column, elapsed, plain);
+    column.piece({Role::mood, qt::text(row.moodLabel), typography.font(smallPoints, QFont::DemiBold)}, &time);
+    column.piece(time);
+}
+
+/// The colour of a state for words: on a light card some are too pale to be read, and take a little ink.
+Color stateInk(const PetTheme& theme, const Color& state) {
+    if (theme.scheme != ColorScheme::light) {
+        return state;
+    }
+    constexpr double card = 0.95; // about as light as the cards of light themes
+    return readable(state, {Color::grey(card), theme.text, 3});
 }
 
 QColor runColor(Role role, const PetTheme& theme, const Color& state) {
     switch (role) {
     case Role::project:
     case Role::mood:
-        return qt::color(state);
+        return qt::color(stateInk(theme, state));
     case Role::title:
         return qt::color(theme.text);
     case Role::name:
@@ -181,8 +193,11 @@ CardText setSubtaskText(const SubtaskRow& row, const QString& elapsed, double wi
     const QFont bold = typography.font(descriptionPoints, QFont::DemiBold);
     column.lines(Role::title, qt::text(row.description), bold, titleLines);
     column.newLine(plain);
-    column.piece(Role::mood, qt::text(row.stateWord), typography.font(detailPoints, QFont::DemiBold));
-    setElapsed(column, elapsed, plain);
+    const Piece time = elapsedPiece(elapsed, plain);
+    column.piece(
+        {Role::mood, qt::text(row.stateWord), typography.font(detailPoints, QFont::DemiBold)}, &time
+    );
+    column.piece(time);
     if (row.badges.plain) {
         column.badgePiece(Badge::model, modelChip(*row.badges.plain, look), plain);
     }

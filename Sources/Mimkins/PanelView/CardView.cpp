@@ -3,6 +3,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/CardGround.h"
+#include "PanelView/CardToolTip.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/MoodTint.h"
 
@@ -19,15 +20,6 @@ namespace mimkins {
 
 namespace {
 
-constexpr double padding = 10;
-constexpr double stripedPadding = 14;
-constexpr double columnGap = 10;
-constexpr double leastTextWidth = 40;
-constexpr double presenceGrain = 0.01;
-constexpr double leastPillScale = 0.6;
-/// How far the heads of the crew reach below the pet's square.
-constexpr double crewDrop = 6;
-
 QString elapsedText(Date since, Date now) {
     return qt::text(elapsed(now - since));
 }
@@ -40,7 +32,6 @@ CardView::CardView(CardRow row, CardLook look, Date now)
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::CustomContextMenu);
-    pillPresence_.setGrain(presenceGrain);
     connect(pill_, &QAbstractButton::clicked, this, [this] {
         if (onToggleSubtasks) {
             onToggleSubtasks();
@@ -66,12 +57,7 @@ void CardView::describe() {
     setAccessibleDescription(qt::text(row_.accessibleDescription));
     setCursor(row_.canOpen ? Qt::PointingHandCursor : Qt::ArrowCursor);
     scale_.setHighlighted(row_.highlighted);
-    pillPresence_.setTarget(row_.pill ? 1 : 0);
-    if (row_.pill) {
-        pill_->setToolTip(qt::text(row_.pill->toolTip));
-        pill_->setAccessibleName(qt::text(row_.pill->toolTip));
-        pill_->setAccessibleDescription(qt::text(row_.pill->count.value_or("0") + " running"));
-    }
+    pill_->present(row_.pill);
     if (row_.crew) {
         crew_.setCrew(*row_.crew, look_);
     }
@@ -84,7 +70,7 @@ void CardView::press() {
 }
 
 void CardView::startMoving() {
-    if ((scale_.isMoving() || !pillPresence_.atRest()) && onMoves) {
+    if ((scale_.isMoving() || pill_->isFading()) && onMoves) {
         onMoves();
     }
 }
@@ -115,13 +101,13 @@ void CardView::animate(Date now) {
         return;
     }
     moment_ = now;
-    QRegion changed(onScreen(petSquare()).toAlignedRect());
+    QRegion changed(onScreen(frame().petSquare()).toAlignedRect());
     if (row_.waiting || row_.crew) {
         const auto beat = [](Date date) { return std::floor(date.secondsSince1970 / GlowRing::interval); };
         if (beat(now) != beat(glowMoment_)) {
             glowMoment_ = now;
             if (row_.waiting) {
-                changed += zoom(scale()).map(GlowRing::region(glowShape()));
+                changed += frame().zoom(scale()).map(GlowRing::region(glowShape()));
             }
             if (row_.crew) {
                 changed += onScreen(crewRect()).toAlignedRect();
@@ -138,12 +124,12 @@ bool CardView::isCalm() const {
 bool CardView::step(double seconds) {
     const double before = scale();
     const bool scaling = scale_.step(seconds);
-    const bool fading = pillPresence_.step(seconds);
+    const bool fading = pill_->step(seconds);
     if (scale() != before) {
         placePill();
         update();
     } else if (fading) {
-        update(onScreen(pillRect_).toAlignedRect());
+        update(onScreen(pill_->place()).toAlignedRect());
     }
     if (!scaling && scale() != groundScale_) {
         refresh(); // so that words are sharp at rest
@@ -153,7 +139,7 @@ bool CardView::step(double seconds) {
 
 void CardView::finish() {
     scale_.finish();
-    pillPresence_.jump(pillPresence_.target());
+    pill_->finish();
     placePill();
     refresh();
 }
@@ -163,72 +149,37 @@ void CardView::refresh() {
     update();
 }
 
-double CardView::leadingPadding() const {
-    return look_.theme->stripe ? stripedPadding : padding;
-}
-
-double CardView::textWidth(double cardWidth) const {
-    return std::max(cardWidth - leadingPadding() - look_.petPoints - columnGap - padding, leastTextWidth);
+CardFrame CardView::frame() const {
+    return {QSizeF(size()), look_};
 }
 
 double CardView::heightFor(double width) const {
-    const auto set = setCardText(row_, elapsed_, textWidth(width), look_);
-    return std::ceil(std::max(set.height, look_.petPoints) + 2 * padding);
-}
-
-QRectF CardView::cardRect() const {
-    return QRectF(rect()).adjusted(shadowRoom, shadowRoom, -shadowRoom, -shadowRoom);
-}
-
-QRectF CardView::petSquare() const {
-    const QRectF card = cardRect();
-    return {card.left() + leadingPadding(), card.top() + padding, look_.petPoints, look_.petPoints};
+    const auto set = setCardText(row_, elapsed_, CardFrame::textWidth(width, look_), look_);
+    return std::ceil(std::max(set.height, look_.petPoints) + 2 * CardFrame::padding);
 }
 
 QRectF CardView::crewRect() const {
-    const QSizeF size = crew_.size();
-    const QRectF pet = petSquare();
-    return {{pet.center().x() - size.width() / 2, pet.bottom() + crewDrop - size.height()}, size};
+    return row_.crew ? frame().crew(crew_.size()) : QRectF();
 }
 
 CardText CardView::text() const {
-    return setCardText(row_, elapsed_, textWidth(cardRect().width()), look_);
-}
-
-QPointF CardView::textCorner(const CardText& text) const {
-    const QRectF card = cardRect();
-    // Few words stand beside the pet's middle, many begin at the top.
-    const double spare = std::max((card.height() - 2 * padding - text.height) / 2, 0.0);
-    return {card.left() + leadingPadding() + look_.petPoints + columnGap, card.top() + padding + spare};
-}
-
-QTransform CardView::zoom(double scale) const {
-    const QPointF middle = cardRect().center();
-    QTransform transform;
-    transform.translate(middle.x(), middle.y());
-    transform.scale(scale, scale);
-    transform.translate(-middle.x(), -middle.y());
-    return transform;
+    return setCardText(row_, elapsed_, frame().textWidth(), look_);
 }
 
 QRectF CardView::onScreen(const QRectF& rect) const {
-    return zoom(scale()).mapRect(rect);
+    return frame().zoom(scale()).mapRect(rect);
 }
 
 GlowRing::Shape CardView::glowShape() const {
-    return {size(), cardRect(), look_.theme->radius, tint(*look_.theme, row_.mood)};
+    return {size(), frame().card(), look_.theme->radius, tint(*look_.theme, row_.mood)};
 }
 
 void CardView::placePill() {
     const CardText set = text();
     if (const auto* placed = set.find(CardText::Badge::pill)) {
-        pillChip_ = placed->chip;
-        const QRectF line = placed->rect.translated(textCorner(set));
-        const double height = std::min(pillChip_.size().height(), line.height());
-        pillRect_ = {line.left(), line.center().y() - height / 2, line.width(), height};
-        pill_->setGeometry(onScreen(pillRect_).toAlignedRect());
+        pill_->setPicture(placed->chip, placed->rect.translated(frame().textCorner(set.height)));
+        pill_->setGeometry(onScreen(pill_->place()).toAlignedRect());
     }
-    pill_->setVisible(row_.pill.has_value());
 }
 
 void CardView::resizeEvent(QResizeEvent*) {
@@ -237,32 +188,10 @@ void CardView::resizeEvent(QResizeEvent*) {
 }
 
 QString CardView::toolTipAt(QPointF place) const {
-    const QPointF at = zoom(scale()).inverted().map(place);
+    const CardFrame frame = this->frame();
     const CardText set = text();
-    const QPointF inText = at - textCorner(set);
-    for (const auto& placed : set.chips) {
-        if (!placed.rect.contains(inText)) {
-            continue;
-        }
-        if (placed.badge == CardText::Badge::agent) {
-            return agentToolTip;
-        }
-        if (placed.badge == CardText::Badge::effort) {
-            return qt::text(row_.effort->toolTip);
-        }
-        if (placed.badge == CardText::Badge::model) {
-            return qt::text(row_.model->toolTip);
-        }
-    }
-    for (const auto& run : set.runs) {
-        if (run.role == CardText::Role::project && run.rect.contains(inText)) {
-            return qt::text(row_.projectToolTip);
-        }
-    }
-    if (row_.crew && crewRect().contains(at)) {
-        return qt::text(row_.crew->toolTip);
-    }
-    return cardRect().contains(at) ? qt::text(row_.toolTip) : QString();
+    const CardToolTipPlaces places{set, frame.textCorner(set.height), crewRect(), frame.card()};
+    return cardToolTip(row_, places, frame.zoom(scale()).inverted().map(place));
 }
 
 bool CardView::event(QEvent* event) {
@@ -285,7 +214,7 @@ bool CardView::event(QEvent* event) {
 }
 
 bool CardView::hitButton(const QPoint& place) const {
-    return onScreen(cardRect()).contains(place);
+    return onScreen(frame().card()).contains(place);
 }
 
 void CardView::keyPressEvent(QKeyEvent* event) {
@@ -310,20 +239,21 @@ void CardView::paintEvent(QPaintEvent* event) {
     }
     QPainter painter(this);
     painter.setOpacity(opacity_);
-    const QTransform moved = zoom(scale() / groundScale_);
+    const CardFrame frame = this->frame();
+    const QTransform moved = frame.zoom(scale() / groundScale_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != groundScale_);
     painter.setTransform(moved, true);
     painter.drawPixmap(0, 0, ground_);
-    painter.setTransform(zoom(scale() / 1.0));
+    painter.setTransform(frame.zoom(scale()));
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != 1);
     painter.setRenderHint(QPainter::Antialiasing);
     if (row_.waiting) {
         glow_.draw(painter, glowShape(), glowMoment_);
     }
-    drawPill(painter);
-    const bool petSeen = event->region().intersects(onScreen(petSquare()).toAlignedRect());
+    pill_->draw(painter, opacity_, look_.theme->text.faded(0.85));
+    const bool petSeen = event->region().intersects(onScreen(frame.petSquare()).toAlignedRect());
     if (petSeen) {
-        pet_.draw(painter, petSquare().topLeft(), look_.petPoints, row_.pet, look_, moment_);
+        pet_.draw(painter, frame.petSquare().topLeft(), look_.petPoints, row_.pet, look_, moment_);
     }
     if (row_.crew && event->region().intersects(onScreen(crewRect()).toAlignedRect())) {
         crew_.draw(painter, crewRect().topLeft(), glowMoment_);
@@ -337,8 +267,9 @@ void CardView::drawGround() {
     ground_.fill(Qt::transparent);
     QPainter painter(&ground_);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setTransform(zoom(groundScale_));
-    const QRectF card = cardRect();
+    const CardFrame frame = this->frame();
+    painter.setTransform(frame.zoom(groundScale_));
+    const QRectF& card = frame.card();
     drawCardGround(painter, card, row_, look_, {underMouse(), hasFocus()});
     if (row_.highlighted) {
         drawHighlight(painter, card, look_);
@@ -346,33 +277,11 @@ void CardView::drawGround() {
     painter.setClipPath(roundedShape(card, look_.theme->radius));
     const Color& mood = tint(*look_.theme, row_.mood);
     if (look_.theme->pad) {
-        drawPetPad(painter, petSquare(), mood);
+        drawPetPad(painter, frame.petSquare(), mood);
     }
     const CardText set = text();
-    drawCardText(painter, set, textCorner(set), *look_.theme, mood);
+    drawCardText(painter, set, frame.textCorner(set.height), *look_.theme, mood);
     groundIsOld_ = false;
-}
-
-void CardView::drawPill(QPainter& painter) const {
-    const double presence = std::clamp(pillPresence_.value(), 0.0, 1.0);
-    if (presence <= 0) {
-        return;
-    }
-    painter.save();
-    painter.setOpacity(opacity_ * presence);
-    const double scale = leastPillScale + (1 - leastPillScale) * presence;
-    const QPointF middle = pillRect_.center();
-    painter.translate(middle);
-    painter.scale(scale, scale);
-    painter.translate(-middle);
-    pillChip_.draw(painter, pillRect_);
-    if (pill_->hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(qt::color(look_.theme->text.faded(0.85)), 1.5));
-        const QRectF ring = pillRect_.adjusted(-1.5, -1.5, 1.5, 1.5);
-        painter.drawRoundedRect(ring, ring.height() / 2, ring.height() / 2);
-    }
-    painter.restore();
 }
 
 } // namespace mimkins

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Base/Date.h"
+#include "PanelView/CardFrame.h"
 #include "PanelView/CardLook.h"
 #include "PanelView/CardPill.h"
 #include "PanelView/CardText.h"
@@ -9,7 +10,6 @@
 #include "PanelView/PetPicture.h"
 #include "Presentation/CardRow.h"
 #include "Presentation/CardScale.h"
-#include "Presentation/Spring.h"
 
 #include <QAbstractButton>
 #include <QPixmap>
@@ -23,8 +23,7 @@ namespace mimkins {
 /// to open the session, and a request for its menu is passed on.
 class CardView final : public QAbstractButton {
 public:
-    /// Room around the card, inside the widget, for its shadow and its glow, and to grow.
-    static constexpr int shadowRoom = 10;
+    static constexpr int shadowRoom = CardFrame::shadowRoom;
 
     CardView(CardRow row, CardLook look, Date now);
 
@@ -77,21 +76,15 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    QRectF cardRect() const;
-    double leadingPadding() const;
-    double textWidth(double cardWidth) const;
-    QPointF textCorner(const CardText& text) const;
-    QRectF petSquare() const;
+    CardFrame frame() const;
     QRectF crewRect() const;
     QRectF onScreen(const QRectF& rect) const;
-    QTransform zoom(double scale) const;
     GlowRing::Shape glowShape() const;
     void refresh();
     void describe();
     void startMoving();
     void placePill();
     void drawGround();
-    void drawPill(QPainter& painter) const;
 
     CardRow row_;
     CardLook look_;
@@ -101,9 +94,6 @@ private:
     Date moment_;     ///< that the pet shows
     Date glowMoment_; ///< that glow and crew show
     CardPill* pill_;
-    Chip pillChip_;   ///< as it was last shown
-    QRectF pillRect_; ///< on the card at its ordinary size
-    Spring pillPresence_;
     QPixmap ground_; ///< all that stands still
     double groundScale_ = 1;
     bool groundIsOld_ = true;

@@ -1,5 +1,6 @@
 #include "PanelView/Chip.h"
 
+#include "Drawing/Contrast.h"
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Qt/Shapes.h"
@@ -232,7 +233,7 @@ Chip nextUpChip(const CardLook& look) {
     Chip chip;
     chip.paddingX = 6 * scale;
     chip.paddingY = 2 * scale;
-    chip.pieces.push_back(words(nextUpTag, roundedFont(look, 9), inkOn(accent(*look.theme))));
+    chip.pieces.push_back(words(nextUpTag, roundedFont(look, 9), inkOn(accent(*look.theme), 0.85)));
     return chip;
 }
 

@@ -101,7 +101,7 @@ void EdgeTab::describe() {
     const QString words = qt::text(status_item::toggleWords(content_.drawerIsOpen));
     setToolTip(words);
     setAccessibleName(words);
-    setAccessibleDescription(content_.badge.count > 0 ? badgeText(content_.badge.count) : QString());
+    setAccessibleDescription(qt::text(edgeTabWords(content_.badge)));
 }
 
 bool EdgeTab::event(QEvent* event) {

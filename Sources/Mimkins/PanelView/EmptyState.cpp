@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Shapes.h"
+#include "PanelView/AccessibleRole.h"
 #include "Presentation/EmptyWords.h"
 
 #include <QFontMetricsF>
@@ -18,6 +19,7 @@ constexpr double points = 13;
 } // namespace
 
 EmptyState::EmptyState() {
+    setAccessibleRole(*this, QAccessible::StaticText);
     setAccessibleName(qt::text(noPetsOut));
 }
 

@@ -7,6 +7,7 @@
 #include "Presentation/PanelFrames.h"
 #include "Theme/ThemeDrawing.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 #include <numbers>
@@ -34,9 +35,20 @@ void HeaderButton::setTheme(const PetTheme& theme) {
     update();
 }
 
-void HeaderButton::setWords(const QString& words) {
-    setToolTip(words);
-    setAccessibleName(words);
+void HeaderButton::setWords(const QString& name, const QString& help) {
+    setToolTip(help);
+    setAccessibleName(name);
+    setAccessibleDescription(help);
+}
+
+void HeaderButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up) {
+        event->ignore(); // the way into the screen below
+    } else {
+        QAbstractButton::keyPressEvent(event);
+    }
 }
 
 void HeaderButton::paintEvent(QPaintEvent*) {

@@ -8,7 +8,7 @@
 
 namespace mimkins {
 
-/// A picture of the header that can be pressed. Its tool tip is its name too.
+/// A picture of the header that can be pressed.
 class HeaderButton : public QAbstractButton {
 public:
     static constexpr int side = 22;
@@ -16,7 +16,8 @@ public:
     HeaderButton();
 
     void setTheme(const PetTheme& theme);
-    void setWords(const QString& words);
+    /// What it is called, and what a press does.
+    void setWords(const QString& name, const QString& help);
 
     QSize sizeHint() const override { return {side, side}; }
 
@@ -24,6 +25,7 @@ protected:
     const PetTheme& theme() const { return theme_; }
 
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     /// Draws the picture into a square from the origin.
     virtual void drawPicture(QPainter& painter) = 0;
 

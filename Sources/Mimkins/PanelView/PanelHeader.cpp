@@ -62,9 +62,10 @@ void TitleLabel::paintEvent(QPaintEvent*) {
     painter.fillPath(appIconPath({0, (area.height() - iconSide) / 2, iconSide, iconSide}), brush);
     painter.setPen(QPen(brush, 1));
     painter.setFont(font());
+    const QRectF words = area.adjusted(iconSide + spacing, 0, 0, 0);
     painter.drawText(
-        area.adjusted(iconSide + spacing, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        text()
+        words, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        QFontMetricsF(font()).elidedText(text(), Qt::ElideRight, words.width())
     );
 }
 
@@ -91,6 +92,21 @@ void PanelHeader::setLook(const PetTheme& theme, const Typography& typography) {
     cog_->setTheme(theme);
     moon_->setTheme(theme);
     summary_->setSummary(present_, theme, typography);
+    fitTitle();
+}
+
+/// The title takes what the buttons and the shortest summary leave; an ordinary one leaves more than enough.
+void PanelHeader::fitTitle() {
+    double taken = 2 * paddingX;
+    for (const auto* button : {static_cast<QWidget*>(cog_), static_cast<QWidget*>(moon_)}) {
+        taken += button->isHidden() ? 0 : HeaderButton::side + spacing;
+    }
+    taken += summary_->isHidden() ? 0 : summary_->minimumSizeHint().width() + spacing;
+    title_->setMaximumWidth(std::max(width() - static_cast<int>(taken), 1));
+}
+
+void PanelHeader::resizeEvent(QResizeEvent*) {
+    fitTitle();
 }
 
 void PanelHeader::showCog() {
@@ -112,15 +128,16 @@ void PanelHeader::setNow(Date now) {
 void PanelHeader::present(DrawerMode mode, const Summary& summary, bool spins) {
     mode_ = mode;
     cog_->setOpen(mode == DrawerMode::settings, spins && cog_->isVisible());
-    cog_->setWords(qt::text(header::settingsToolTip(mode)));
+    cog_->setWords(qt::text(header::settingsName), qt::text(header::settingsToolTip(mode)));
     moon_->setFilled(mode == DrawerMode::sweep);
-    moon_->setWords(qt::text(header::wrapUpToolTip(mode)));
+    moon_->setWords(qt::text(header::wrapUpName), qt::text(header::wrapUpToolTip(mode)));
     title_->setText(qt::text(header::title(mode)));
     title_->updateGeometry();
     present_ = summary;
     summary_->setSummary(summary, *theme_, typography_);
     summary_->setToolTip(qt::text(summary.text));
     summary_->setVisible(header::showsSummary(mode));
+    fitTitle();
 }
 
 } // namespace mimkins

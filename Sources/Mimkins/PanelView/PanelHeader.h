@@ -49,8 +49,12 @@ public:
 
     MoonButton& moon() { return *moon_; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void goTo(DrawerMode mode);
+    void fitTitle();
 
     TitleLabel* title_;
     CogButton* cog_;

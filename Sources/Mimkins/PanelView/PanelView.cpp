@@ -3,6 +3,7 @@
 #include "Base/Perf.h"
 #include "Drawing/Qt/Scheme.h"
 #include "NextUp/OpenSession.h"
+#include "PanelView/AccessibleRole.h"
 #include "Presentation/SessionPet.h"
 
 #include <QKeyEvent>
@@ -61,6 +62,7 @@ PanelView::PanelView(Parts parts, PanelSettings settings)
     sweepConnection_ = parts_.store.sweepChanged().connect([this] { showSweep(); });
     subtasksConnection_ = parts_.store.subtasksChanged().connect([this] { showSessions(); });
     drawerConnection_ = parts_.drawer.changed().connect([this] { followDrawer(); });
+    setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName("Mimkins");
     confetti_->setParty(settings_.motion.party);
     list_->setPaused(true); // the first list stands there at once
@@ -266,6 +268,26 @@ void PanelView::choose(const std::string& id, const CardChoice& choice) {
     }
 }
 
+/// Gives the focus to the first thing below the header that takes it.
+void PanelView::enterScreen() {
+    const auto cards = list_->cards();
+    if (screen() == list_ && !cards.empty()) {
+        cards.front()->setFocus(Qt::TabFocusReason);
+        return;
+    }
+    const auto takesFocus = [this](const QWidget* widget) {
+        return screen()->isAncestorOf(widget) && widget->isVisible() && widget->isEnabled() &&
+               (widget->focusPolicy() & Qt::TabFocus) != 0;
+    };
+    QWidget* next = screen()->nextInFocusChain();
+    while (next != screen() && !takesFocus(next)) {
+        next = next->nextInFocusChain();
+    }
+    if (next != screen()) {
+        next->setFocus(Qt::TabFocusReason);
+    }
+}
+
 void PanelView::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Escape:
@@ -275,9 +297,7 @@ void PanelView::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Down:
     case Qt::Key_Up:
-        if (const auto cards = list_->cards(); !cards.empty() && list_->isVisible()) {
-            cards.front()->setFocus(Qt::TabFocusReason);
-        }
+        enterScreen();
         break;
     default:
         event->ignore();

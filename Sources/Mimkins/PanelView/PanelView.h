@@ -73,6 +73,7 @@ private:
     void showSweep();
     void showScreen();
     void changeScreen();
+    void enterScreen();
     QWidget* screen() const;
     PanelScreen* addedScreen() const;
     void followDrawer();

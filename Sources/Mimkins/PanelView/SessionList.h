@@ -3,7 +3,8 @@
 #include "PanelView/CardLook.h"
 #include "PanelView/CardView.h"
 #include "PanelView/FrameClock.h"
-#include "PanelView/SubtaskListView.h"
+#include "PanelView/GentleScroll.h"
+#include "PanelView/SessionEntry.h"
 #include "Presentation/CardFlow.h"
 #include "Presentation/CardMenu.h"
 
@@ -72,46 +73,28 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// The views of one session.
-    struct Entry {
-        CardView* card = nullptr;
-        SubtaskListView* subtasks = nullptr; ///< while the list is open, and until it has shut
-        double cardHeight = 0;               ///< when at rest
-    };
-
-    Entry& entry(const CardRow& row, Date now);
+    void showRow(const CardRow& row, Date now);
     CardView* makeCard(const CardRow& row, Date now);
-    void showSubtasks(Entry& entry, Date now);
-    double slotHeight(Entry& entry) const;
-    void arrange(CardFlow::Manner manner);
+    SubtaskListView* makeSubtasks(CardView& card);
+    void arrange(CardFlow::Manner manner, SpringFeel feel = {});
     CardFlow::Manner manner() const;
     void showPlaces();
-    void showPlace(const CardFlow::Place& place);
     void dropGone();
-    void drop(Entry& entry);
-    void moveFocus(int by);
+    std::optional<std::size_t> focusedCard() const;
     void keepTabOrder();
     double cardWidth() const;
     std::optional<double> scrollFor(const std::string& id) const;
-    bool stepScroll(double seconds);
     void startMoving();
     void openMenu(const CardView& card, QPoint place);
-
-    /// A gentle way of the scroll bar.
-    struct Scroll {
-        double from = 0;
-        double to = 0;
-        double time = 0;
-    };
 
     CardLook look_;
     CardFlow flow_;
     QWidget* canvas_;
-    std::map<std::string, Entry> entries_;
+    std::map<std::string, SessionEntry> entries_;
     std::vector<std::string> order_;
     std::vector<QuickPrompt> quickPrompts_;
     QPointer<QMenu> menu_;
-    std::optional<Scroll> scroll_;
+    GentleScroll scroll_;
     bool paused_ = false;
     FrameClock clock_;
 };

@@ -1,6 +1,7 @@
 #include "PanelView/SlideWindow.h"
 
 #include "Drawing/Qt/Shapes.h"
+#include "PanelView/AccessibleRole.h"
 
 #include <QPolygon>
 #include <QRegion>
@@ -15,6 +16,8 @@ SlideWindow::SlideWindow(QWidget* content) : content_(content) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
     setWindowTitle("Mimkins");
+    setAccessibleRole(*this, QAccessible::Window);
+    setAccessibleName(windowTitle());
     content_->setParent(this);
     content_->show();
 }

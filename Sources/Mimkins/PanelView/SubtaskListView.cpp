@@ -1,6 +1,7 @@
 #include "PanelView/SubtaskListView.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/AccessibleRole.h"
 #include "PanelView/Chip.h"
 #include "Presentation/Accent.h"
 
@@ -30,14 +31,33 @@ SubtaskListView::SubtaskListView(CardLook look)
       finished_(new SubtaskSummary(SubtaskSummary::Kind::button, look_)) {
     more_->setParent(this);
     finished_->setParent(this);
+    setAccessibleRole(*this, QAccessible::List);
     setAccessibleName("Subtasks");
-    connect(finished_, &QAbstractButton::clicked, this, [this] {
-        showsFinished_ = !showsFinished_;
+    connect(finished_, &QAbstractButton::clicked, this, [this] { toggleFinished(); });
+}
+
+void SubtaskListView::toggleFinished() {
+    showsFinished_ = !showsFinished_;
+    isFolding_ = !showsFinished_ && onHeightChange;
+    bringUp(now_);
+    if (onHeightChange) {
+        onHeightChange();
+    }
+    showUnfolding();
+}
+
+/// The finished ones fade as far as there is room for them, and go when there is none.
+void SubtaskListView::showUnfolding() {
+    const double shut = restingHeight(width(), running_);
+    if (isFolding_ && height() <= std::ceil(shut)) {
+        isFolding_ = false;
         bringUp(now_);
-        if (onHeightChange) {
-            onHeightChange();
-        }
-    });
+    }
+    const double open = restingHeight(width(), shown_.size());
+    const double share = open > shut ? std::clamp((height() - shut) / (open - shut), 0.0, 1.0) : 1;
+    for (std::size_t index = running_; index < shown_.size(); ++index) {
+        shown_[index]->setOpacity(share);
+    }
 }
 
 SubtaskRowView* SubtaskListView::row(const SubtaskRow& row, Date now) {
@@ -68,7 +88,7 @@ void SubtaskListView::bringUp(Date now) {
     }
     running_ = shown_.size();
     for (const auto& finished : content_.finished) {
-        if (showsFinished_) {
+        if (showsFinished_ || isFolding_) {
             shown_.push_back(row(finished, now));
         }
     }
@@ -84,6 +104,8 @@ void SubtaskListView::bringUp(Date now) {
     more_->present(Symbol::ellipsisCircle, content_.moreRunning.value_or(""));
     finished_->setVisible(content_.finishedLabel.has_value());
     finished_->present(finishedSymbol(showsFinished_), content_.finishedLabel.value_or(""));
+    finished_->setAccessibleDescription(qt::text(finishedHelp(showsFinished_)));
+    setAccessibleDescription(qt::text(content_.empty.value_or("")));
     place();
     update();
 }
@@ -128,10 +150,15 @@ double SubtaskListView::heightFor(double width) const {
         const double line = std::ceil(QFontMetricsF(emptyFont()).height());
         return 2 * emptyPadding + line * static_cast<double>(emptyLines(width).size());
     }
+    return restingHeight(width, isFolding_ ? running_ : shown_.size());
+}
+
+/// The height with the first of the rows.
+double SubtaskListView::restingHeight(double width, std::size_t rows) const {
     double height = 0;
     const auto add = [&height](double item) { height += (height > 0 ? spacing : 0) + item; };
-    for (const auto* view : shown_) {
-        add(view->heightFor(width - lead));
+    for (std::size_t index = 0; index < rows; ++index) {
+        add(shown_[index]->heightFor(width - lead));
     }
     if (content_.moreRunning) {
         add(more_->heightNeeded());
@@ -167,6 +194,7 @@ void SubtaskListView::place() {
 
 void SubtaskListView::resizeEvent(QResizeEvent*) {
     place();
+    showUnfolding();
 }
 
 void SubtaskListView::paintEvent(QPaintEvent*) {

@@ -2,6 +2,7 @@
 
 #include "PanelView/SubtaskRowView.h"
 #include "PanelView/SubtaskSummary.h"
+#include "Presentation/Spring.h"
 
 #include <QWidget>
 
@@ -15,9 +16,13 @@ namespace mimkins {
 /// The subtasks of a session, under its card: those that run, and behind a button those that have finished.
 class SubtaskListView final : public QWidget {
 public:
+    /// How the finished ones come and go.
+    static constexpr SpringFeel unfolding{0.35, 1};
+
     explicit SubtaskListView(CardLook look);
 
-    /// The list has become longer or shorter by itself.
+    /// The list wants to become longer or shorter by itself. What goes stays until the list is as short as it
+    /// wants to be.
     std::function<void()> onHeightChange;
 
     void setRows(const SubtaskRows& rows, Date now);
@@ -48,11 +53,15 @@ private:
     QStringList emptyLines(double width) const;
     QFont emptyFont() const;
     void place();
+    void toggleFinished();
+    void showUnfolding();
+    double restingHeight(double width, std::size_t rows) const;
 
     CardLook look_;
     SubtaskRows content_;
     Date now_;
     bool showsFinished_ = false;
+    bool isFolding_ = false; ///< the finished ones are on their way out
     std::map<std::string, SubtaskRowView*> known_;
     std::vector<SubtaskRowView*> shown_;
     std::size_t running_ = 0; ///< of those shown

@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Shapes.h"
+#include "PanelView/AccessibleRole.h"
 
 #include <QHelpEvent>
 #include <QPaintEvent>
@@ -29,17 +30,13 @@ constexpr QRectF petSquare() {
 
 SubtaskRowView::SubtaskRowView(SubtaskRow row, CardLook look, Date now)
     : row_(std::move(row)), look_(std::move(look)), elapsed_(qt::text(row_.elapsedText(now))), moment_(now) {
+    setAccessibleRole(*this, QAccessible::ListItem);
     describe();
 }
 
 void SubtaskRowView::describe() {
-    setAccessibleName(qt::text(row_.description + ", " + row_.stateWord));
-    std::string more = row_.activity.value_or("");
-    const auto& badge = row_.badges.highlighted ? row_.badges.highlighted : row_.badges.plain;
-    if (badge && !badge->toolTip.empty()) {
-        more += (more.empty() ? "" : ". ") + badge->toolTip;
-    }
-    setAccessibleDescription(qt::text(more));
+    setAccessibleName(qt::text(row_.accessibleName()));
+    setAccessibleDescription(qt::text(row_.accessibleDescription()));
 }
 
 void SubtaskRowView::setRow(const SubtaskRow& row, Date now) {
@@ -61,6 +58,13 @@ void SubtaskRowView::setNow(Date now) {
     if (words != elapsed_) {
         elapsed_ = words;
         refresh();
+    }
+}
+
+void SubtaskRowView::setOpacity(double opacity) {
+    if (opacity_ != opacity) {
+        opacity_ = opacity;
+        update();
     }
 }
 
@@ -129,6 +133,7 @@ void SubtaskRowView::paintEvent(QPaintEvent* event) {
         drawGround();
     }
     QPainter painter(this);
+    painter.setOpacity(opacity_);
     painter.drawPixmap(0, 0, ground_);
     if (event->region().intersects(petSquare().toAlignedRect())) {
         pet_.draw(painter, petSquare().topLeft(), petPoints, row_.pet, look_, moment_);

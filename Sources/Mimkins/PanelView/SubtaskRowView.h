@@ -22,6 +22,10 @@ public:
     void setRow(const SubtaskRow& row, Date now);
     void setLook(const CardLook& look);
     void setNow(Date now);
+
+    double opacity() const { return opacity_; }
+
+    void setOpacity(double opacity);
     /// Draws the pet as it is at a moment.
     void animate(Date now);
     bool isCalm() const;
@@ -47,6 +51,7 @@ private:
     SubtaskRow row_;
     CardLook look_;
     QString elapsed_;
+    double opacity_ = 1;
     Date moment_; ///< that the pet shows
     PetPicture pet_;
     QPixmap ground_; ///< all but the pet

@@ -1,6 +1,7 @@
 #include "PanelView/SubtaskSummary.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/AccessibleRole.h"
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -24,6 +25,7 @@ SubtaskSummary::SubtaskSummary(Kind kind, CardLook look) : look_(std::move(look)
     } else {
         setFocusPolicy(Qt::NoFocus);
         setAttribute(Qt::WA_TransparentForMouseEvents);
+        setAccessibleRole(*this, QAccessible::StaticText);
     }
 }
 

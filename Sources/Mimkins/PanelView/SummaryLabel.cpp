@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace mimkins {
@@ -40,18 +41,32 @@ QSize SummaryLabel::minimumSizeHint() const {
     return {4 * paddingX, sizeHint().height()};
 }
 
+QString SummaryLabel::shownWords() const {
+    const QFontMetricsF metrics(font());
+    const double room = width() - 2 * paddingX + 0.5; // the width that was asked for was rounded
+    for (const int words : {4, 2, 1}) {
+        const QString shown = text().section(' ', 0, words - 1);
+        if (metrics.horizontalAdvance(shown) <= room) {
+            return shown;
+        }
+    }
+    return metrics.elidedText(text(), Qt::ElideRight, room);
+}
+
 void SummaryLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const QString words = shownWords();
+    const double wanted = std::ceil(QFontMetricsF(font()).horizontalAdvance(words)) + 2 * paddingX;
+    const double shown = std::min(wanted, static_cast<double>(width()));
+    const QRectF capsule(width() - shown, 0, shown, height());
     painter.setPen(Qt::NoPen);
     painter.setBrush(fill_);
-    painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
-    const QRectF inner = QRectF(rect()).adjusted(paddingX, 0, -paddingX, 0);
-    // Half a point of slack: the width that was asked for was rounded.
-    const QString words = QFontMetricsF(font()).elidedText(text(), Qt::ElideRight, inner.width() + 0.5);
+    painter.drawRoundedRect(capsule, height() / 2.0, height() / 2.0);
     painter.setPen(ink_);
     painter.drawText(
-        inner.adjusted(0, 0, 1, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, words
+        capsule.adjusted(paddingX, 0, 1 - paddingX, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        words
     );
 }
 

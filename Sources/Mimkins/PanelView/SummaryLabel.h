@@ -21,6 +21,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// As many of the words as there is room for: all, or what they count, or the number alone.
+    QString shownWords() const;
+
     QColor ink_;
     QColor fill_;
 };

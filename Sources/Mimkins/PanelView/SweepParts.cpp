@@ -3,6 +3,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Symbols.h"
+#include "PanelView/AccessibleRole.h"
 #include "PanelView/SweepDrawing.h"
 #include "Pet/MiniHead.h"
 #include "Presentation/MoodTint.h"
@@ -55,6 +56,7 @@ QFont headFont(const CardLook& look) {
 } // namespace
 
 SweepHead::SweepHead(SweepWords::Kind kind, const CardLook& look) : kind_(kind), look_(look) {
+    setAccessibleRole(*this, QAccessible::Heading);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 

@@ -158,6 +158,7 @@ void SweepView::showWords() {
     checked_->setText(qt::text(words_->checked));
     button_->setText(qt::text(SweepWords::button(sweeping_)));
     button_->setAccessibleName(button_->text());
+    button_->setAccessibleDescription(checked_->text());
     button_->setEnabled(!sweeping_);
     button_->updateGeometry();
 }

@@ -51,24 +51,34 @@ void TextColumn::lines(CardText::Role role, const QString& words, const QFont& f
     gap_ = lineGap;
 }
 
+double TextColumn::Piece::width() const {
+    return std::max(std::ceil(QFontMetricsF(font).horizontalAdvance(words)), least);
+}
+
+double TextColumn::separatorWidth(const QFont& font) {
+    return 2 * wordGap + std::ceil(QFontMetricsF(font).horizontalAdvance(dot));
+}
+
 /// Goes on to the next line if so much doesn't fit, or puts a dot between what is there and what comes.
 void TextColumn::separate(const QFont& font, double wanted) {
-    const double dotWidth = std::ceil(QFontMetricsF(font).horizontalAdvance(dot));
-    if (x_ > 0 && x_ + 2 * wordGap + dotWidth + wanted > width_) {
+    const double between = separatorWidth(font);
+    if (x_ > 0 && x_ + between + wanted > width_) {
         newLine(font);
     }
     if (x_ > 0) {
-        put(CardText::Role::separator, dot, font, x_ + wordGap, dotWidth);
+        put(CardText::Role::separator, dot, font, x_ + wordGap, between - 2 * wordGap);
         x_ += wordGap;
     }
 }
 
-void TextColumn::piece(CardText::Role role, const QString& words, const QFont& font, double least) {
-    const QFontMetricsF metrics(font);
-    const double wanted = std::max(std::ceil(metrics.horizontalAdvance(words)), least);
-    separate(font, wanted);
+void TextColumn::piece(const Piece& piece, const Piece* following) {
+    const double wanted = piece.width();
+    const double both =
+        following != nullptr ? wanted + separatorWidth(following->font) + following->width() : wanted;
+    separate(piece.font, both <= width_ ? both : wanted);
     const double room = std::min(wanted, width_ - x_);
-    put(role, metrics.elidedText(words, Qt::ElideRight, room), font, x_, room);
+    const QString shown = QFontMetricsF(piece.font).elidedText(piece.words, Qt::ElideRight, room);
+    put(piece.role, shown, piece.font, x_, room);
 }
 
 void TextColumn::badgePiece(CardText::Badge badge, const Chip& chip, const QFont& font) {

@@ -15,9 +15,21 @@ public:
     /// The words on at most so many lines.
     void lines(CardText::Role role, const QString& words, const QFont& font, int mostLines);
 
-    /// A piece of a sentence: on the present line if it fits, else on the next. `least` is the room that it
-    /// asks for at the least, so that a growing number doesn't break the line each second.
-    void piece(CardText::Role role, const QString& words, const QFont& font, double least = 0);
+    /// A piece of a sentence.
+    struct Piece {
+        CardText::Role role = CardText::Role::title;
+        QString words;
+        QFont font;
+        /// The room that it asks for at the least, so that a growing number doesn't break the line each
+        /// second.
+        double least = 0;
+
+        double width() const;
+    };
+
+    /// A piece on the present line if it fits there, else on the next. One that must not stand alone follows
+    /// on the same line where a line has room for both.
+    void piece(const Piece& piece, const Piece* following = nullptr);
 
     /// A badge as the next piece of a sentence in this font.
     void badgePiece(CardText::Badge badge, const Chip& chip, const QFont& font);
@@ -39,6 +51,7 @@ public:
 
 private:
     void separate(const QFont& font, double wanted);
+    static double separatorWidth(const QFont& font);
 
     CardText& text_;
     double width_;

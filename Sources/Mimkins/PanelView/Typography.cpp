@@ -6,6 +6,7 @@
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QTextLayout>
+#include <QTextOption>
 
 #include <algorithm>
 #include <cmath>
@@ -14,11 +15,8 @@ namespace mimkins {
 
 namespace {
 
-/// The height in pixels of the font that desktops set when the user hasn't changed it.
-constexpr double usualPixels = 14.7;
-
 double userScale() {
-    return std::max(1.0, QFontInfo(QApplication::font()).pixelSize() / usualPixels);
+    return std::max(1.0, QFontInfo(QApplication::font()).pixelSize() / Typography::usualPixels);
 }
 
 QString lastLine(const QString& rest, const QFont& font, double width) {
@@ -41,6 +39,9 @@ QFont Typography::font(double points, QFont::Weight weight) const {
 QStringList fittedLines(const QString& text, const QFont& font, double width, int mostLines) {
     QStringList lines;
     QTextLayout layout(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere); // a long word goes on in the next line
+    layout.setTextOption(option);
     layout.beginLayout();
     while (lines.size() < mostLines) {
         QTextLine line = layout.createLine();

@@ -12,6 +12,9 @@ namespace mimkins {
 /// font where that is larger than usual.
 class Typography {
 public:
+    /// The height in pixels of the font that desktops set when the user hasn't changed it.
+    static constexpr double usualPixels = 14.7;
+
     /// Follows the application's font.
     explicit Typography(FontDesign design);
     Typography(FontDesign design, double scale);

@@ -40,7 +40,8 @@ CardFlow::Place CardFlow::take(const Slot& slot, double y, Manner manner) {
     return place;
 }
 
-void CardFlow::arrange(const std::vector<Slot>& slots, Manner manner) {
+void CardFlow::arrange(const std::vector<Slot>& slots, Manner manner, SpringFeel feel) {
+    feel_ = feel;
     std::vector<Place> placed;
     placed.reserve(slots.size());
     double y = padding;
@@ -61,9 +62,9 @@ void CardFlow::arrange(const std::vector<Slot>& slots, Manner manner) {
 bool CardFlow::step(double seconds) {
     bool moving = false;
     for (auto& place : places_) {
-        const bool along = place.y_.step(seconds);
-        const bool taller = place.height_.step(seconds);
-        const bool present = place.presence_.step(seconds);
+        const bool along = place.y_.step(seconds, feel_);
+        const bool taller = place.height_.step(seconds, feel_);
+        const bool present = place.presence_.step(seconds, feel_);
         moving = along || taller || present || moving;
     }
     std::erase_if(places_, [](const Place& place) {

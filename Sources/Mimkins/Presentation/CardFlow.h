@@ -54,7 +54,8 @@ public:
 
     /// Gives the cards in their order. Known ones go to their new places from where they are, new ones come
     /// in, and those no longer named go out.
-    void arrange(const std::vector<Slot>& slots, Manner manner);
+    /// The movement has this feel until the next call.
+    void arrange(const std::vector<Slot>& slots, Manner manner, SpringFeel feel = {});
 
     /// Moves on by so many seconds. True if something still moves.
     bool step(double seconds);
@@ -76,6 +77,7 @@ private:
 
     std::vector<Place> places_;
     double contentHeight_ = 0;
+    SpringFeel feel_;
 };
 
 } // namespace mimkins

@@ -17,4 +17,11 @@ EdgeTabBadge edgeTabBadge(const std::vector<Session>& sessions) {
     return {false, replies};
 }
 
+std::string edgeTabWords(const EdgeTabBadge& badge) {
+    if (badge.count < 1) {
+        return "Nobody waits on you";
+    }
+    return badge.blocked ? waitingWords(badge.count) : replyWords(badge.count);
+}
+
 } // namespace mimkins

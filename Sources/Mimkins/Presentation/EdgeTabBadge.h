@@ -3,6 +3,7 @@
 #include "Session/Session.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace mimkins {
@@ -14,6 +15,9 @@ struct EdgeTabBadge {
 
     friend bool operator==(const EdgeTabBadge&, const EdgeTabBadge&) = default;
 };
+
+/// The badge in words, such as "2 waiting on you"; "Nobody waits on you" without one.
+std::string edgeTabWords(const EdgeTabBadge& badge);
 
 EdgeTabBadge edgeTabBadge(const std::vector<Session>& sessions);
 

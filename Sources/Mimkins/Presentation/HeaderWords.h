@@ -12,6 +12,10 @@ std::string_view title(DrawerMode mode);
 std::string_view settingsToolTip(DrawerMode mode);
 std::string_view wrapUpToolTip(DrawerMode mode);
 
+/// What the buttons are called, whatever screen shows; the tool tips tell what a press does.
+inline constexpr std::string_view settingsName = "Settings";
+inline constexpr std::string_view wrapUpName = "Wrap-up";
+
 /// Where a press on the settings button leads, and one on the wrap-up button: each toggles its own screen.
 DrawerMode afterSettingsButton(DrawerMode mode);
 DrawerMode afterWrapUpButton(DrawerMode mode);

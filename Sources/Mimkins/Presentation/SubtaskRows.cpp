@@ -1,5 +1,7 @@
 #include "Presentation/SubtaskRows.h"
 
+#include "Base/DateText.h"
+#include "Base/Text.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/OneLine.h"
 #include "Presentation/SessionPet.h"
@@ -31,6 +33,24 @@ std::string wordFor(SubtaskRow::State state) {
 
 std::string SubtaskRow::elapsedText(Date now) const {
     return elapsed(ended.value_or(now) - started);
+}
+
+std::string SubtaskRow::accessibleName() const {
+    return text::join({description, stateWord}, ", ");
+}
+
+std::string SubtaskRow::accessibleDescription() const {
+    std::vector<std::string> pieces;
+    if (activity) {
+        pieces.push_back(*activity);
+    }
+    const auto& badge = badges.highlighted ? badges.highlighted : badges.plain;
+    if (badge && !badge->toolTip.empty()) {
+        pieces.push_back(badge->toolTip);
+    }
+    // A moment rather than a span, which would have to be said anew each second.
+    pieces.push_back(ended ? "Took " + elapsed(*ended - started) : "Since " + text::shortTime(started));
+    return text::join(pieces, ". ");
 }
 
 SubtaskRow subtaskRow(const Subtask& task, const std::optional<ModelTag>& parent) {
@@ -73,6 +93,10 @@ SubtaskRows subtaskRows(std::span<const Subtask> subtasks, const std::optional<M
         rows.finishedLabel = std::to_string(finished) + " finished";
     }
     return rows;
+}
+
+std::string_view finishedHelp(bool shown) {
+    return shown ? "Hide finished subtasks" : "Show finished subtasks";
 }
 
 Symbol finishedSymbol(bool shown) {

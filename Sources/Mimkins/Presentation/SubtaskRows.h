@@ -10,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace mimkins {
@@ -27,6 +28,10 @@ struct SubtaskRow {
     std::optional<Date> ended; ///< nothing while it runs: its time goes on
     SubtaskBadges badges;
     std::optional<std::string> activity;
+
+    /// What a screen reader says: what it is and its state, then the rest.
+    std::string accessibleName() const;
+    std::string accessibleDescription() const;
 
     /// How long it has run, in short form.
     std::string elapsedText(Date now) const;
@@ -53,6 +58,9 @@ struct SubtaskRows {
 /// The rows for the subtasks of one session, in their order. `parent` is the session's own model, if badges
 /// are to tell which subtasks differ from it.
 SubtaskRows subtaskRows(std::span<const Subtask> subtasks, const std::optional<ModelTag>& parent);
+
+/// What a press on the button that shows the finished ones does.
+std::string_view finishedHelp(bool shown);
 
 /// The icon of the button that shows the finished ones.
 Symbol finishedSymbol(bool shown);

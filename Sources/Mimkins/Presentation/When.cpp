@@ -3,8 +3,6 @@
 #include "Base/DateText.h"
 
 #include <unicode/calendar.h>
-#include <unicode/datefmt.h>
-#include <unicode/unistr.h>
 
 #include <cstdint>
 #include <memory>
@@ -26,19 +24,6 @@ std::optional<std::int32_t> dayNumber(Date date) {
     return U_SUCCESS(status) ? std::optional(day) : std::nullopt;
 }
 
-std::string dateAndTime(Date date) {
-    const std::unique_ptr<icu::DateFormat> format(
-        icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium, icu::DateFormat::kShort)
-    );
-    icu::UnicodeString words;
-    std::string result;
-    if (format) {
-        format->format(date.milliseconds(), words);
-        words.toUTF8String(result);
-    }
-    return result;
-}
-
 } // namespace
 
 std::string when(const ScheduledItem& item, Date now) {
@@ -53,7 +38,7 @@ std::string when(const ScheduledItem& item, Date now) {
     if (day && today && *day == *today + 1) {
         return "Tomorrow " + text::shortTime(*item.fire);
     }
-    return dateAndTime(*item.fire);
+    return text::dateAndShortTime(*item.fire);
 }
 
 } // namespace mimkins

@@ -29,6 +29,7 @@ const PetTheme& PetTheme::named(std::string_view id) {
 PetTheme PetTheme::resolved(ColorScheme system) const {
     PetTheme plain = *this;
     const ColorScheme shown = schemeUnder(system);
+    plain.scheme = shown;
     for (Glow& glow : plain.glows) {
         glow.color = glow.color.resolved(shown);
     }

@@ -4,8 +4,6 @@
 #include "Platform/Qt/XcbKeyboard.h"
 #include "Platform/Qt/XcbProperties.h"
 
-#include <QGuiApplication>
-
 #include <optional>
 #include <utility>
 #include <vector>
@@ -159,14 +157,6 @@ Handle XcbHotKeys::registerHotKey(HotKeyRequest request) {
         grab.reset();
     })
                    : Handle();
-}
-
-std::unique_ptr<HotKeys> makeHotKeys(XcbHotKeys::Loops loops) {
-    const bool onServer = qGuiApp->nativeInterface<QNativeInterface::QX11Application>() != nullptr;
-    if (!onServer || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) {
-        return std::make_unique<NoHotKeys>();
-    }
-    return std::make_unique<XcbHotKeys>(loops);
 }
 
 } // namespace mimkins

@@ -4,8 +4,6 @@
 #include "Platform/Linux/DescriptorWatcher.h"
 #include "Platform/RunLoop.h"
 
-#include <memory>
-
 namespace mimkins {
 
 /// Keys taken from an X server by passive grabs.
@@ -23,9 +21,5 @@ public:
 private:
     Loops loops_;
 };
-
-/// The way to such keys on this desktop. The X server that a Wayland desktop keeps hears keys only while one
-/// of its own windows has the focus, so that it doesn't count.
-std::unique_ptr<HotKeys> makeHotKeys(XcbHotKeys::Loops loops);
 
 } // namespace mimkins
