@@ -1,3 +1,4 @@
+#include "Drawing/Contrast.h"
 #include "Presentation/Accent.h"
 #include "Presentation/SettingsWords.h"
 
@@ -202,7 +203,7 @@ TEST(Accent, IsAColourInEveryThemeAndItsInkIsRead) {
             const double most = std::max({color.red, color.green, color.blue});
             const double least = std::min({color.red, color.green, color.blue});
             EXPECT_GT(most - least, 0.25) << theme.id;
-            const Color ink = inkOn(color);
+            const Color ink = inkOn(color, 0.85);
             EXPECT_GE(contrast(color, {ink.red, ink.green, ink.blue, 1}), 4.5) << theme.id;
         }
     }

@@ -1,20 +1,10 @@
 #include "Presentation/Accent.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace mimkins {
 
 namespace {
-
-/// Of a component as it is seen, by the definition of sRGB.
-double linear(double component) {
-    return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const Color& color) {
-    return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
-}
 
 bool isGrey(const Color& color) {
     constexpr double leastSaturation = 0.3;
@@ -25,12 +15,6 @@ bool isGrey(const Color& color) {
 
 } // namespace
 
-double contrast(const Color& left, const Color& right) {
-    constexpr double flare = 0.05;
-    const auto [darker, lighter] = std::minmax(luminance(left), luminance(right));
-    return (lighter + flare) / (darker + flare);
-}
-
 Color accent(const PetTheme& theme) {
     return theme.title.empty() ? theme.working : theme.title.front();
 }
@@ -38,11 +22,6 @@ Color accent(const PetTheme& theme) {
 Color controlAccent(const PetTheme& theme) {
     const auto coloured = std::find_if_not(theme.title.begin(), theme.title.end(), isGrey);
     return coloured != theme.title.end() ? *coloured : theme.working;
-}
-
-Color inkOn(const Color& ground) {
-    return contrast(ground, Color::black()) >= contrast(ground, Color::white()) ? Color::black(0.85)
-                                                                                : Color::white();
 }
 
 } // namespace mimkins

@@ -11,10 +11,4 @@ Color accent(const PetTheme& theme);
 /// grey, else the colour of work. The theme has plain colours.
 Color controlAccent(const PetTheme& theme);
 
-/// Black or white, whichever is read better on a colour.
-Color inkOn(const Color& ground);
-
-/// How much two opaque colours differ in brightness, from 1 to 21.
-double contrast(const Color& left, const Color& right);
-
 } // namespace mimkins

@@ -1,5 +1,6 @@
 #include "SettingsView/ControlDrawing.h"
 
+#include "Drawing/Contrast.h"
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Scheme.h"
 #include "Presentation/Accent.h"
@@ -40,7 +41,7 @@ QColor accent(const CardLook& look) {
 }
 
 QColor inkOnAccent(const CardLook& look) {
-    return qt::color(inkOn(controlAccent(*look.theme)));
+    return qt::color(inkOn(controlAccent(*look.theme), 0.85));
 }
 
 QColor ground(const CardLook& look, Press press) {

@@ -1,5 +1,6 @@
 #include "Setup/PillButton.h"
 
+#include "Drawing/Contrast.h"
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Presentation/Accent.h"
@@ -36,7 +37,7 @@ PillButton::Style PillButton::style(const CardLook& look) const {
     switch (kind_) {
     case Kind::primary:
         style.font = look.typography.font(13, QFont::Bold);
-        style.ink = inkOn(leading);
+        style.ink = inkOn(leading, 0.85);
         style.fill = leading;
         style.stroke = Color::clear();
         style.paddingX = 16;
