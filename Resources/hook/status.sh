@@ -4,39 +4,63 @@
 # Documentation/hook-events.md.
 #
 # It needs a POSIX shell, any awk, date and mv. It always reads its input to the end, prints nothing, starts
-# nothing that outlives it, and ends with 0, save for what Documentation/hook-events.md says of its last step.
+# nothing that outlives it, and ends with 0.
 
-# shellcheck disable=SC1010,SC1083,SC2016,SC3028 # "done" is a state, a brace and awk's $ are meant literally
+# shellcheck disable=SC2016,SC3028 # awk's $ is meant literally; EPOCHREALTIME may be empty
 
-trap 'exit 0' HUP INT TERM PIPE
 exec >/dev/null 2>&1
 umask 077
-LC_ALL=C
-PATH=${PATH:+$PATH:}/usr/bin:/bin
-export LC_ALL PATH
-
-# Without an input, the pipe to awk would take its number, and awk would wait for itself.
-if [ -t 0 ] || ! true 3<&0; then
-    exit 0
-fi
 case $0 in
 */*) sessions=${0%/*}/../sessions ;;
 *) sessions=../sessions ;;
 esac
+# awk writes the record into a file with this prefix before the record's name. A hook of the same session that
+# runs beside this one has another process number and so another file.
+prefix=.$$.tmp.
+trap 'set +f; rm -f "$sessions/$prefix"*; exit 0' HUP INT TERM PIPE
+LC_ALL=C
+PATH=${PATH:+$PATH:}/usr/bin:/bin
+export LC_ALL PATH
+
+# Without an input, the next file that is opened would take its number, and awk would read that.
+if [ -t 0 ] || ! true 3<&0; then
+    exit 0
+fi
 if [ ! -d "$sessions" ] || [ ! -w "$sessions" ]; then
     cat
     exit 0
 fi
 
-# Reads the document and prints what the rest of the script needs, one "=" and value to a line: the name of
-# the record's file, event, kind of event, tool, detail, model, effort, the members of the record that depend on
-# nothing else, and the time as awk knows it. Values are JSON text. Prints nothing for an event that leaves the record alone, and
-# for a document that is cut off or is no object.
+# What is no regular file could keep awk waiting for ever, so awk is told to leave it alone.
+strange=/
+for file in "$sessions"/*.json; do
+    [ -f "$file" ] || strange=$strange${file##*/}/
+done
+
+# A clock of the shell goes on after the assignment; a variable that was inherited is empty.
+EPOCHREALTIME=
+now=$EPOCHREALTIME
+case $now in
+*[.,]??????)
+    fraction=${now#*[.,]}
+    now=${now%%[.,]*}${fraction%???}
+    ;;
+*) now='' ;;
+esac
+
+# awk reads the document and the former record, and writes the new one into the hidden file. It ends with
 #
-# The input is split at its quotes, so that each record is either what stands between two strings or a piece
-# of a string that ends at a quote. That keeps the work linear in the input whichever awk runs it: no string
-# is ever taken apart character by character unless it is short and wanted.
-facts=$(awk '
+#     0   if the document leaves the record alone, is cut off or is no object
+#     10  if the new record is whole
+#     11  if it lacks the time of the event and the closing brace, because that time must be exact and awk has
+#         whole seconds only; one more if since lacks too and is the same, and two more if beforeSince is
+#     20  if the record is to go
+#
+# The input is split at its quotes, so that each of awk's records is either what stands between two strings or
+# a piece of a string that ends at a quote. That keeps the work linear in the input whichever awk runs it: no
+# string is ever taken apart character by character unless it is short and wanted.
+set -f
+now=$now prefix=$prefix sessions=$sessions strange=$strange awk '
 BEGIN {
     RS = "\""
     limit = 8192
@@ -108,16 +132,10 @@ function withoutSpace(s,    half) {
     return withoutSpace(substr(s, 1, half)) withoutSpace(substr(s, half + 1))
 }
 
-function openersIn(s,    half) {
-    if (length(s) <= 256) return gsub(/[{]|\[/, "", s)
+function countOf(brackets, s,    half) {
+    if (length(s) <= 256) return gsub(brackets, "", s)
     half = int(length(s) / 2)
-    return openersIn(substr(s, 1, half)) + openersIn(substr(s, half + 1))
-}
-
-function closersIn(s,    half) {
-    if (length(s) <= 256) return gsub(/[}]|\]/, "", s)
-    half = int(length(s) / 2)
-    return closersIn(substr(s, 1, half)) + closersIn(substr(s, half + 1))
+    return countOf(brackets, substr(s, 1, half)) + countOf(brackets, substr(s, half + 1))
 }
 
 # Takes what stands between two strings: follows the depth and decides what the string behind it is for
@@ -129,12 +147,12 @@ function between(s,    closers, depthBefore, last, openers) {
     openers = closers = 0
     if (s != ":" && s != ",") {
         s = withoutSpace(s)
-        openers = openersIn(s)
-        closers = closersIn(s)
+        openers = countOf("[{]|\\[", s)
+        closers = countOf("[}]|\\]", s)
     }
     if (depth && openers && closers >= depth) {
-        match(s, /[{]|\[/)
-        if (closersIn(substr(s, 1, RSTART - 1)) >= depth) bad = 1
+        match(s, "[{]|\\[")
+        if (countOf("[}]|\\]", substr(s, 1, RSTART - 1)) >= depth) bad = 1
     }
     depthBefore = depth
     depth += openers - closers
@@ -307,133 +325,238 @@ function fileName(id,    code, i, name, sign) {
     return name
 }
 
+# Takes in what the former record says: the texts of its members (was) and its times (at).
+function readFormer(path,    inside, key, n, open, piece, text) {
+    while ((getline piece < path) > 0) {
+        if (!inside) {
+            inside = 1
+            text = ""
+            if (piece == ":") continue
+            if (key ~ "^(since|ts|beforeSince)$" && match(piece, "^:[1-9][0-9]*") && RLENGTH < 17)
+                at[key] = substr(piece, 2, RLENGTH - 1)
+            key = ""
+            continue
+        }
+        n = length(piece)
+        open = substr(piece, n) == "\\" && oddBackslashes(piece, n)
+        text = text piece (open ? "\"" : "")
+        if (open) continue
+        inside = 0
+        if (key == "") key = text
+        else was[key] = text
+    }
+    close(path)
+}
+
+# Sets now to the present time in milliseconds and says in exact whether that is to the millisecond. Where the
+# system has no clock but that of whole seconds, the former record may have what makes a time of the time since
+# the machine started; else now is empty. latest is never before the present time.
+function tellTime(ts,    line, second, told, words) {
+    srand()
+    second = sprintf("%.0f", srand())
+    now = ENVIRON["now"]
+    if (now == "" && (length(second) == 19 || length(second) == 16)) now = substr(second, 1, 13)
+    exact = (now != "")
+    latest = exact ? now + 0 : second * 1000 + 999
+    if (exact || length(was["clock"]) > 30 || was["clock"] !~ "^[1-9][0-9]* [1-9][0-9]*$") return
+    split(was["clock"], words, " ")
+    if (second + 0 < words[2] || second + 0 > words[2] + 300) return
+    getline line < "/proc/uptime"
+    if (line !~ "^[1-9][0-9]*[.][0-9][0-9] ") return
+    sub(" .*", "", line)
+    told = sprintf("%.0f", words[1] + 1000 * line) + 0
+    if (int(told / 1000) != second + 0) return
+    if (told < ts && ts <= told + 20) told = ts
+    if (told < ts) return
+    now = sprintf("%.0f", told)
+    latest = told
+    clock = was["clock"]
+}
+
+# The tool that was in use still is.
+function keepTool() {
+    tool = plain(was["tool"])
+    detail = plain(was["detail"])
+}
+
+# The state begins now unless it is the former one.
+function become(successor) {
+    begins = (former != successor || since + 0 > latest)
+    state = successor
+}
+
 function member(name, s) {
     if (s != "") members = members ",\"" name "\":\"" restored(s) "\""
+}
+
+function time(name, milliseconds) {
+    if (milliseconds != "") members = members ",\"" name "\":" milliseconds
+}
+
+# Whether the file has all of a text that ends in no quote. Not every awk tells of a write that failed.
+function arrived(text, file,    piece, size) {
+    size = -1
+    while ((getline piece < file) > 0) size += length(piece) + 1
+    return size == length(text)
+}
+
+# Sets the state, and whether it begins now, from the event and the former record.
+function decide() {
+    former = was["state"]
+    since = at["since"]
+    if (event == "Stop") become("done")
+    else if (event == "SessionStart") {
+        if (kind == "compact" && was["before"] != "" && at["beforeSince"] != "") {
+            state = plain(was["before"])
+            since = at["beforeSince"]
+        } else if (kind == "compact" && former != "") {
+            state = former
+            notification = plain(was["notification"])
+            keepTool()
+        } else {
+            if (kind != "resume" && kind != "compact") former = ""
+            become((kind == "resume" && former == "done") ? "done" : "idle")
+        }
+    } else if (event == "PermissionRequest") {
+        if (plain(was["tool"]) != tool || was["notification"] == "elicitation_dialog") former = ""
+        become("waiting")
+    } else if (event == "Notification") {
+        elicited = (was["notification"] == "elicitation_dialog")
+        if (kind == "elicitation_dialog") {
+            if (former == "working" || (former == "waiting" && elicited)) keepTool()
+            else former = ""
+        } else if (former == "waiting" && !elicited) keepTool()
+        else former = ""
+        notification = kind
+        become("waiting")
+    } else {
+        if (event == "UserPromptSubmit" && kind != "task") former = ""
+        if (event == "PreCompact") remember()
+        become("working")
+    }
+}
+
+# What to go back to after a compaction.
+function remember() {
+    before = plain(was["before"])
+    beforeSince = at["beforeSince"]
+    if (before != "") return
+    if (former == "idle" || former == "done") {
+        before = former
+        beforeSince = since
+    } else if (kind == "auto") before = "working"
+    else if (former == "") before = "idle"
+    else {
+        before = "done"
+        beforeBegins = 1
+    }
 }
 
 END {
     if (bad || !closed) exit
     event = whole("hook_event_name", 256)
-    if (!(event in events)) exit
-    if (value["agent_id"] != "") exit
-    id = restored(whole("session_id", 128))
-    name = fileName(id)
+    if (!(event in events) || value["agent_id"] != "") exit
+    id = whole("session_id", 128)
+    name = fileName(restored(id))
     if (name == "" || length(name) > 200) exit
-
+    name = name ".json"
+    file = ENVIRON["sessions"] "/" ENVIRON["prefix"] name
+    if (event == "SessionEnd") {
+        printf "" > file
+        exit 20
+    }
     if (event == "Notification") {
         kind = whole("notification_type", 256)
         if (kind != "permission_prompt" && kind != "elicitation_dialog") exit
-        member("message", shortened(beginning("message"), 400))
-    }
-    if (event == "UserPromptSubmit")
+    } else if (event == "UserPromptSubmit")
         kind = (substr(beginning("prompt"), 1, 19) == "<task-notification>") ? "task" : "typed"
-    if (event == "SessionStart") kind = whole("source", 256)
-    if (event == "PreCompact") kind = whole("trigger", 256)
-    if (event ~ /Tool|Permission/) {
+    else kind = whole((event == "PreCompact") ? "trigger" : "source", 256)
+    if (event ~ "PreTool|Failure|Permission") {
         tool = whole("tool_name", 256)
         detail = detailOfInput()
     }
-    members = members ",\"id\":\"" id "\""
+
+    if (!index(ENVIRON["strange"], "/" name "/")) readFormer(ENVIRON["sessions"] "/" name)
+    ts = at["ts"] + 0
+    tellTime(ts)
+    if (at["since"] == "" || was["state"] !~ "^(idle|working|waiting|done)$" || ts > latest + 10000) {
+        split("", was)
+        split("", at)
+    } else if (ts > latest) exit
+    decide()
+
+    model = whole("model", 256)
+    effort = whole("effort.level", 256)
+    if (event != "SessionStart" || (kind != "startup" && kind != "clear")) {
+        title = plain(was["title"])
+        if (model == "") model = plain(was["model"])
+        if (effort == "") effort = plain(was["effort"])
+    }
+    if (!exact && (begins || beforeBegins)) now = ""
+    if (begins) since = now
+    if (beforeBegins || (before != "" && beforeSince == "")) {
+        if (!beforeBegins) beforeBegins = begins
+        beforeSince = beforeBegins ? now : since
+    }
+    member("event", event)
+    member("tool", tool)
+    member("detail", detail)
+    member("notification", notification)
+    if (event == "Notification") member("message", shortened(beginning("message"), 400))
+    member("model", model)
+    member("effort", effort)
+    member("title", title)
+    member("before", before)
+    member("id", id)
     path = whole("cwd", limit)
     member("cwd", path)
     member("project", lastComponent(path))
     member("transcript", whole("transcript_path", limit))
-    print "=" name
-    print "=" event
-    print "=" restored(kind)
-    print "=" restored(tool)
-    print "=" restored(detail)
-    print "=" restored(whole("model", 256))
-    print "=" restored(whole("effort.level", 256))
-    print "=" members
-    srand()
-    printf "=%.0f\n", srand()
+    time("since", since)
+    time("beforeSince", beforeSince)
+    if (now != "") member("clock", clock)
+    time("ts", now)
+    members = "{\"state\":\"" state "\"" members (now == "" ? "\n" : "}\n")
+    printf "%s", members > file
+    if (close(file) || !arrived(members, file)) exit 1
+    exit (now == "") ? 11 + begins + 2 * beforeBegins : 10
 }
-') || cat
-set -f
-IFS='
 '
-# shellcheck disable=SC2086 # the words are the lines
-set -- $facts
-[ $# -eq 9 ] || exit 0
-name=${1#=} event=${2#=} kind=${3#=} tool=${4#=} detail=${5#=} model=${6#=} effort=${7#=} members=${8#=} seed=${9#=}
-record=$sessions/$name.json
-temporary=$sessions/.$name.$$.tmp
-if [ -d "$record" ]; then
-    exit 0
-fi
+status=$?
+set +f
+set -- "$sessions/$prefix"*
+record=$sessions/${1#"$sessions/$prefix"}
 
-if [ "$event" = SessionEnd ]; then
-    rm -f "$record"
+# Puts the hidden file into the place of the record and ends. The first of these programs loads the fewest
+# libraries, the last is everywhere.
+move() {
+    rename.ul "$prefix" '' "$1" || busybox mv -f "$1" "$record" || mv -f "$1" "$record" || rm -f "$1"
     exit 0
-fi
-
-# endsOpen PIECE: whether it ends in an odd number of backslashes, so that the quote behind it is part of the
-# string.
-endsOpen() {
-    run=${1##*[!\\]}
-    while :; do
-        case $run in
-        \\\\*) run=${run#??} ;;
-        \\) return 0 ;;
-        *) return 1 ;;
-        esac
-    done
 }
 
-# What the former record says, as JSON text. What each event needs stands in its first line, and in the second
-# what some need. The text is split at its quotes, as searching it for each member costs the square of its length.
-first='' second='' ts='' was='' since='' wasTool='' wasDetail='' wasNotification='' before='' beforeSince=''
-title='' wasModel='' wasEffort='' clock=''
-if [ -f "$record" ]; then
-    case $event in
-    PermissionRequest | Notification | SessionStart) { read -r first && read -r second; } <"$record" ;;
-    *) read -r first <"$record" ;;
-    esac
-fi
-IFS='"'
-key='' text='' inside=''
-for piece in $first$second; do
-    if [ -z "$inside" ]; then
-        inside=1 text=''
-        case $piece in
-        :) continue ;;
-        :[1-9]*)
-            text=${piece#:}
-            text=${text%%[!0-9]*}
-            [ ${#text} -gt 15 ] || case $key in
-            since) since=$text ;;
-            ts) ts=$text ;;
-            beforeSince) beforeSince=$text ;;
-            esac
-            text=''
-            ;;
-        esac
-        key=''
-        continue
+case $status in
+0) exit 0 ;;
+10 | 1[1-4] | 20)
+    # There are more if a hook was killed that had the same number.
+    if [ $# -ne 1 ] || [ -d "$record" ]; then
+        rm -f "$@"
+        exit 0
     fi
-    text=$text$piece
-    case $piece in
-    *\\) if endsOpen "$piece"; then
-        text=$text\"
-        continue
-    fi ;;
-    esac
-    inside=''
-    case $key in
-    '') key=$text ;;
-    state) was=$text ;;
-    tool) wasTool=$text ;;
-    detail) wasDetail=$text ;;
-    notification) wasNotification=$text ;;
-    before) before=$text ;;
-    model) wasModel=$text ;;
-    effort) wasEffort=$text ;;
-    title) title=$text ;;
-    clock) clock=$text ;;
-    esac
-done
-: "${ts:=0}"
+    [ "$status" != 10 ] || move "$1"
+    ;;
+*)
+    cat
+    rm -f "$@"
+    exit 0
+    ;;
+esac
+
+# The shell has read no further than to here if the event is like most.
+
+if [ "$status" = 20 ]; then
+    rm -f "$1" "$record"
+    exit 0
+fi
 
 # readUptime sets `uptime` to the milliseconds since the machine started, in steps of ten; to nothing where the
 # system doesn't tell them.
@@ -447,211 +570,30 @@ readUptime() {
     esac
 }
 
-# tellTime sets `now` to the time in milliseconds by date, which has the fraction only in some of its versions.
-# `clock` gets what the next event may tell the time by without starting a program: the time at which the
-# machine started, never too late and by no more than 20 ms too early, and the second of this reading. The record
-# has the program that moved it there as a third word.
-tellTime() {
-    [ -z "$exact" ] || return 0
-    exact=1 clock=''
-    readUptime
-    earlier=$uptime
-    now=$(date +%s%3N)
-    readUptime
-    case $now in
-    *[!0-9]* | ?????????????????* | '') now=$(date +%s)000 ;;
-    ?????????????) [ -z "$uptime" ] || [ "$uptime" != "$earlier" ] || clock="$((now - uptime - 10)) ${now%???}" ;;
-    esac
-    case $now in
-    0* | *[!0-9]*) exit 0 ;;
-    esac
-}
-
-# tellTimeByUptime sets `now` from the former record's clock, if that was read in the last five minutes and
-# agrees with the second that awk has read; else it leaves `now` empty. As the former event was before the
-# present one, a time that is less than the clock's error before it is put off to it.
-tellTimeByUptime() {
-    now=''
-    case $clock in
-    [1-9]*' '[1-9]*' mv' | [1-9]*' '[1-9]*' busybox') ;;
-    *) return 0 ;;
-    esac
-    mover=${clock##* } clock=${clock% *}
-    started=${clock% *} read=${clock#* }
-    case $started$read$seed in
-    *[!0-9]* | ??????????????????????????????????*) return 0 ;;
-    esac
-    if [ "$seed" -lt "$read" ] || [ "$seed" -gt $((read + 300)) ]; then
-        return 0
-    fi
-    readUptime
-    [ -z "$uptime" ] || now=$((started + uptime))
-    if [ "${now%???}" != "$seed" ]; then
-        now=''
-    elif [ "$now" -lt "$ts" ] && [ "$ts" -le $((now + 20)) ]; then
-        now=$ts
-    fi
-}
-
-# A clock of the shell goes on after the assignment; a variable that was inherited is empty.
-EPOCHREALTIME=
-now=$EPOCHREALTIME exact=1
+# The time comes from date, which has the fraction only in some of its versions. `clock` gets what the next event
+# may tell the time by without starting a program: the time at which the machine started, never too late and by
+# no more than 20 ms too early, and the second of this reading.
+readUptime
+earlier=$uptime clock=''
+now=$(date +%s%3N)
+readUptime
 case $now in
-*[.,]??????)
-    fraction=${now#*[.,]}
-    now=${now%%[.,]*}${fraction%???} clock=''
-    ;;
-*)
-    exact='' now=''
-    case $seed in
-    *[!0-9]*) ;;
-    [1-9]??????????????????) now=${seed%??????} exact=1 clock='' ;;
-    [1-9]???????????????) now=${seed%???} exact=1 clock='' ;;
-    *) tellTimeByUptime ;;
-    esac
-    if [ -z "$now" ] || [ "$ts" -gt "$now" ]; then
-        tellTime
-    fi
+*[!0-9]* | ?????????????????* | '') now=$(date +%s)000 ;;
+?????????????) [ -z "$uptime" ] || [ "$uptime" != "$earlier" ] || clock="$((now - uptime - 10)) ${now%???}" ;;
+esac
+case $now in
+0* | *[!0-9]*)
+    rm -f "$1"
+    exit 0
     ;;
 esac
-
-if [ -z "$since" ] || [ "$ts" -gt $((now + 10000)) ]; then
-    was=''
-elif [ "$ts" -gt "$now" ]; then
-    exit 0
-fi
-if [ -z "$was" ]; then
-    since='' wasTool='' wasDetail='' wasNotification='' before='' beforeSince='' title='' wasModel='' wasEffort=''
-fi
-if [ "$event$kind" = SessionStartstartup ] || [ "$event$kind" = SessionStartclear ]; then
-    title=''
-else
-    model=${model:-$wasModel}
-    effort=${effort:-$wasEffort}
-fi
-
-# keepDetail takes the tool and detail of the former record over.
-keepDetail() {
-    tool=$wasTool
-    detail=$wasDetail
-}
-
-# become STATE: the state begins now unless it is the former one.
-become() {
-    if [ "$was" != "$1" ] || [ "$since" -gt "$now" ]; then
-        tellTime
-        since=$now
-    fi
-    state=$1
-}
-
-notification='' extra=''
-case $event in
-SessionStart)
-    case $kind in
-    compact)
-        if [ -n "$before" ] && [ -n "$beforeSince" ]; then
-            state=$before since=$beforeSince
-        elif [ -n "$was" ]; then
-            state=$was notification=$wasNotification
-            keepDetail
-        else
-            become idle
-        fi
-        ;;
-    resume)
-        if [ "$was" = done ]; then
-            become done
-        else
-            become idle
-        fi
-        ;;
-    *)
-        was=
-        become idle
-        ;;
-    esac
-    ;;
-UserPromptSubmit)
-    [ "$kind" = task ] || was=
-    become working
-    ;;
-PreToolUse | PostToolUseFailure)
-    become working
-    ;;
-PostToolUse)
-    tool='' detail=''
-    become working
-    ;;
-PermissionRequest)
-    if [ "$wasTool" != "$tool" ] || [ "$wasNotification" = elicitation_dialog ]; then
-        was=
-    fi
-    become waiting
-    ;;
-Notification)
-    notification=$kind
-    if [ "$kind" = elicitation_dialog ]; then
-        if [ "$was" = working ] || [ "$was$wasNotification" = waitingelicitation_dialog ]; then
-            keepDetail
-        else
-            was=
-        fi
-    elif [ "$was" = waiting ] && [ "$wasNotification" != elicitation_dialog ]; then
-        keepDetail
-    else
-        was=
-    fi
-    become waiting
-    ;;
-PreCompact)
-    if [ -z "$before" ]; then
-        case $was$kind in
-        idle* | done*) before=$was beforeSince=$since ;;
-        *auto) before=working ;;
-        working* | waiting*)
-            tellTime
-            before=done beforeSince=$now
-            ;;
-        *) before=idle ;;
-        esac
-    fi
-    become working
-    extra=",\"before\":\"$before\",\"beforeSince\":${beforeSince:-$since}"
-    ;;
-Stop)
-    become done
-    ;;
+since='' beforeSince=''
+case $status in
+12 | 14) since=$now ;;
 esac
-
-often="{\"state\":\"$state\",\"since\":$since,\"ts\":$now"
-seldom=$extra${model:+,\"model\":\"$model\"}${effort:+,\"effort\":\"$effort\"}${title:+,\"title\":\"$title\"}
-seldom="$seldom
-${tool:+,\"tool\":\"$tool\"}${detail:+,\"detail\":\"$detail\"}${notification:+,\"notification\":\"$notification\"}"
-
-# write MOVER: writes the record into the temporary file.
-write() {
-    printf '%s%s%s\n,"event":"%s"%s}\n' "$often" "${clock:+,\"clock\":\"$clock $1\"}" "$seldom" "$event" \
-        "$members" >"$temporary"
-}
-
-# Where the time took no program, a record of a state that goes on replaces a file that was put in the same
-# place by the same mover. So that one runs in the place of the shell, which saves starting a process.
-if [ -z "$exact" ] && [ -f "$record" ] && [ -O "$record" ]; then
-    trap '' HUP INT TERM PIPE
-    if write "$mover"; then
-        [ "$mover" = mv ] || exec busybox mv -f "$temporary" "$record"
-        exec mv -f "$temporary" "$record"
-    fi
-fi
-
-# Busybox loads fewer libraries than coreutils. A hook of the same session that runs beside this one has another
-# process number and so another file.
-trap 'rm -f "$temporary"; exit 0' HUP INT TERM PIPE
-if write busybox && busybox mv -f "$temporary" "$record"; then
-    exit 0
-fi
-if ! write mv || ! mv -f "$temporary" "$record"; then
-    rm -f "$temporary"
-fi
-exit 0
+case $status in
+13 | 14) beforeSince=$now ;;
+esac
+printf '%s%s%s,"ts":%s}\n' "${since:+,\"since\":$since}" "${beforeSince:+,\"beforeSince\":$beforeSince}" \
+    "${clock:+,\"clock\":\"$clock\"}" "$now" >>"$1" || rm -f "$1"
+move "$1"

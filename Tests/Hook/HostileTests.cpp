@@ -177,6 +177,28 @@ TEST_P(HookHostile, StrangeThingsInTheRecordsPlace) {
     EXPECT_TRUE(files::is_regular_file(files::symlink_status(hook.recordPath("s1"))));
 }
 
+TEST_P(HookHostile, AnyOfThreeProgramsPutsTheRecordIntoItsPlace) {
+    for (const auto* program : {"rename.ul", "busybox", "mv"}) {
+        hook.feed(stop(program));
+        EXPECT_TRUE(hook.record(program)) << program;
+        if (GetParam().awk != "busybox" || program != std::string("busybox")) {
+            hook.replaceProgram(program, "exit 127");
+        }
+    }
+    if (GetParam().awk != "busybox") {
+        hook.feed(stop("none"));
+        EXPECT_FALSE(hook.record("none"));
+    }
+}
+
+TEST_P(HookHostile, RecordsOfOtherSessionsThatAreStrangeDontMatter) {
+    ASSERT_EQ(::mkfifo(hook.recordPath("s2").c_str(), 0600), 0);
+    hook.feed(stop());
+    const auto since = hook.record("s1").value().at("since");
+    hook.feed(stop());
+    EXPECT_EQ(hook.record("s1").value().at("since"), since);
+}
+
 TEST_P(HookHostile, NoRoomLeavesTheFormerRecord) {
     hook.feed(stop());
     const auto text = readWhole(hook.recordPath("s1"));
@@ -222,6 +244,26 @@ TEST_P(HookHostile, InputIsReadToItsEndWithoutAFolder) {
     EXPECT_EQ(runLine(hook, line, "").errors, "0\n");
     expectQuiet(hook.run(stop()));
     EXPECT_FALSE(files::exists(hook.sessions()));
+}
+
+TEST_P(HookHostile, SignalsEndItWithoutATrace) {
+    const TemporaryFolder folder;
+    const auto pid = folder / "pid";
+    std::string shell;
+    for (const auto& word : hook.shell()) {
+        shell += word + " ";
+    }
+    for (const auto* signal : {"TERM", "HUP", "INT", "PIPE"}) {
+        writeFile(pid, "");
+        // The signal comes while awk waits for the rest of the document.
+        const auto line = "{ printf '{\"session_id\":\"s1\"'; until id=$(cat " + pid +
+                          ") && [ -n \"$id\" ] && [ -n \"$(cat /proc/$id/task/$id/children)\" ]; " +
+                          "do sleep 0.01; done; kill -" + signal +
+                          " $id; printf ',\"hook_event_name\":\"Stop\"}'; } | { echo $BASHPID >" + pid +
+                          "; exec " + shell + "\"$1\"; }";
+        expectQuiet(runLine(hook, line, ""));
+        EXPECT_TRUE(hook.files().empty()) << signal;
+    }
 }
 
 TEST_P(HookHostile, TwoAtOnceLeaveOneWholeRecord) {

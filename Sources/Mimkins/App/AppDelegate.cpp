@@ -24,26 +24,19 @@ constexpr const char* preferencesDomain = "app.mimkins";
 constexpr double placeDelay = 0.06;
 constexpr double settingsDelay = 0.05;
 
-/// No sounds come with the program yet.
-class NoSounds final : public SoundPlayer {
-public:
-    void play(const std::string&) override {}
-};
-
 } // namespace
 
 AppDelegate::AppDelegate(Paths paths)
     : paths_(std::move(paths)), watcher_(loop_), preferences_(paths_.preferencesFolder(), preferencesDomain),
-      sounds_(std::make_unique<NoSounds>()), settings_({preferences_, loop_, *sounds_}),
-      client_({
-          paths_,
-          preferences_,
-          watcher_,
-          loop_,
-          links_,
-          QCoreApplication::applicationFilePath().toStdString(),
-          [this] { end(); },
-      }) {}
+      settings_({preferences_, loop_, sounds_}), client_({
+                                                     paths_,
+                                                     preferences_,
+                                                     watcher_,
+                                                     loop_,
+                                                     links_,
+                                                     QCoreApplication::applicationFilePath().toStdString(),
+                                                     [this] { end(); },
+                                                 }) {}
 
 AppDelegate::~AppDelegate() = default;
 

@@ -12,6 +12,7 @@
 #include "Platform/Linux/LinuxGitRunner.h"
 #include "Platform/Linux/LinuxProcesses.h"
 #include "Platform/Linux/LinuxRandomAccessFiles.h"
+#include "Platform/Linux/PulseSoundPlayer.h"
 #include "Platform/Linux/ThreadQueue.h"
 #include "Platform/Qt/QtLinkOpener.h"
 #include "Platform/Qt/QtRunLoop.h"
@@ -81,7 +82,7 @@ private:
     LinuxRandomAccessFiles transcripts_;
     InotifyFolderWatcher watcher_;
     JsonPreferencesStore preferences_;
-    std::unique_ptr<SoundPlayer> sounds_;
+    PulseSoundPlayer sounds_;
     AppSettings settings_;
     QtLinkOpener links_;
     ClientConnection client_;
