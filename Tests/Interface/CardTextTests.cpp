@@ -3,6 +3,7 @@
 #include "PanelView/CardText.h"
 #include "PanelView/CardView.h"
 #include "PanelView/SummaryLabel.h"
+#include "Presentation/Accent.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -1,15 +1,17 @@
 #include "App/RenderSettings.h"
 
+#include "App/ClientConnection.h"
+#include "App/ConnectionPartOf.h"
 #include "App/PanelSettingsOf.h"
 #include "App/Render.h"
 #include "App/RenderScene.h"
 #include "App/SilentServices.h"
-#include "Platform/Linux/AutostartService.h"
 #include "Platform/Linux/JsonPreferencesStore.h"
 #include "Platform/Linux/OneLoad.h"
 #include "SettingsView/SettingsView.h"
 
-#include <algorithm>
+#include <QScrollBar>
+
 #include <map>
 
 namespace mimkins {
@@ -37,9 +39,11 @@ private:
     std::map<std::string, Value> set_;
 };
 
-/// Height of the drawer in which all of a screen's content shows.
-int heightFor(const PanelView& panel, const SettingsContent& content, int width) {
-    return panel.header().sizeHint().height() + content.heightForWidth(width);
+/// Height of the drawer in which all of a screen shows, and no less than was asked for.
+int heightFor(PanelView& panel, const QScrollArea& screen, QSize least) {
+    panel.resize(least);
+    panel.grab(); // lays out all that is in it
+    return least.height() + screen.verticalScrollBar()->maximum();
 }
 
 } // namespace
@@ -57,18 +61,20 @@ int renderSettings(const Options& options, const Paths& paths) {
     if (options.width) {
         settings.drawerWidth.set(*options.width);
     }
-    AutostartService autostart(paths, {});
-    LoginItem login(autostart);
+    NoWatcher watcher;
+    ClientConnection client({paths, preferences, watcher, standing, links, "", [] {}});
     OneLoad load(paths, settings.rules(), at);
     DrawerState state;
     const PanelSettings shown = panelSettingsOf(settings, at);
     auto* panel = new PanelView({load.store(), state, load.loop(), links}, shown);
-    auto* screen = new SettingsView({settings, login, {}, {}}, panel->look());
+    auto* screen = new SettingsView(
+        {settings, client.login(), {}, connectionPartOf(client.connection(), paths.home())}, panel->look()
+    );
     panel->addScreen(DrawerMode::settings, screen);
     state.setMode(DrawerMode::settings);
     Options whole = options;
     const int width = static_cast<int>(shown.panelWidth);
-    whole.height = std::max(options.height, heightFor(*panel, screen->content(), width));
+    whole.height = heightFor(*panel, *screen, {width, options.height});
     return writeDrawer({panel, shown, load.store(), load.loop()}, whole);
 }
 
