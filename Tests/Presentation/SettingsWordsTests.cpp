@@ -198,7 +198,7 @@ TEST(SettingsWords, OutcomeForOtherKeysIsNotTold) {
 TEST(Accent, IsAColourInEveryThemeAndItsInkIsRead) {
     for (const auto& theme : PetTheme::all()) {
         for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
-            const Color color = accent(theme.resolved(scheme));
+            const Color color = controlAccent(theme.resolved(scheme));
             const double most = std::max({color.red, color.green, color.blue});
             const double least = std::min({color.red, color.green, color.blue});
             EXPECT_GT(most - least, 0.25) << theme.id;

@@ -50,8 +50,11 @@ public:
 };
 
 /// Height of the drawer in which all of a screen's content shows.
-int heightFor(const PanelView& panel, const SettingsContent& content, int width) {
-    return panel.header().sizeHint().height() + content.heightForWidth(width);
+int heightFor(PanelView& panel, const SettingsView& screen, int width) {
+    constexpr int enough = 8000;
+    panel.resize(width, enough);
+    panel.grab(); // lays everything out
+    return enough - screen.height() + screen.content().heightForWidth(screen.viewport()->width());
 }
 
 } // namespace
@@ -80,7 +83,7 @@ int renderSettings(const Options& options, const Paths& paths) {
     state.setMode(DrawerMode::settings);
     Options whole = options;
     const int width = static_cast<int>(shown.panelWidth);
-    whole.height = std::max(options.height, heightFor(*panel, screen->content(), width));
+    whole.height = std::max(options.height, heightFor(*panel, *screen, width));
     return writeDrawer({panel, shown, load.store(), load.loop()}, whole);
 }
 

@@ -20,7 +20,7 @@ bool isGrey(const Color& color) {
     constexpr double leastSaturation = 0.3;
     const double most = std::max({color.red, color.green, color.blue});
     const double least = std::min({color.red, color.green, color.blue});
-    return most - least < leastSaturation * most;
+    return most - least <= leastSaturation * most;
 }
 
 } // namespace
@@ -31,7 +31,7 @@ double contrast(const Color& left, const Color& right) {
     return (lighter + flare) / (darker + flare);
 }
 
-Color accent(const PetTheme& theme) {
+Color controlAccent(const PetTheme& theme) {
     const auto coloured = std::find_if_not(theme.title.begin(), theme.title.end(), isGrey);
     return coloured != theme.title.end() ? *coloured : theme.working;
 }

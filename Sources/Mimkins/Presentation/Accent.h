@@ -6,7 +6,7 @@ namespace mimkins {
 
 /// The colour of what is on or chosen: the first of the title's that is a colour rather than a grey, else the
 /// colour of work. The theme has plain colours.
-Color accent(const PetTheme& theme);
+Color controlAccent(const PetTheme& theme);
 
 /// Black or white, whichever is read better on a colour.
 Color inkOn(const Color& ground);

@@ -36,11 +36,17 @@ QColor primary(const CardLook& look, double opacity) {
 }
 
 QColor accent(const CardLook& look) {
-    return qt::color(mimkins::accent(*look.theme));
+    return qt::color(controlAccent(*look.theme));
 }
 
 QColor inkOnAccent(const CardLook& look) {
-    return qt::color(inkOn(mimkins::accent(*look.theme)));
+    return qt::color(inkOn(controlAccent(*look.theme)));
+}
+
+QColor knobOnAccent(const CardLook& look) {
+    constexpr double leastContrast = 3;
+    const bool isTold = contrast(controlAccent(*look.theme), Color::white()) >= leastContrast;
+    return isTold ? QColor(Qt::white) : inkOnAccent(look);
 }
 
 QColor ground(const CardLook& look, Press press) {
