@@ -27,7 +27,7 @@ bool isGrey(const Color& color) {
 
 double contrast(const Color& left, const Color& right) {
     constexpr double flare = 0.05;
-    const auto [darker, lighter] = std::minmax(luminance(left), luminance(right));
+    const auto [darker, lighter] = std::minmax({luminance(left), luminance(right)});
     return (lighter + flare) / (darker + flare);
 }
 
