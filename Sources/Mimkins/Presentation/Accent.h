@@ -4,8 +4,8 @@
 
 namespace mimkins {
 
-/// The colour of what is on or chosen: the first of the title's that is a colour rather than a grey, else the
-/// colour of work. The theme has plain colours.
+/// The colour of a control that is on or chosen: the first of the title's that is a colour rather than a
+/// grey, else the colour of work. The theme has plain colours.
 Color controlAccent(const PetTheme& theme);
 
 /// Black or white, whichever is read better on a colour.
