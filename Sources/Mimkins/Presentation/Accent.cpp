@@ -10,7 +10,7 @@ bool isGrey(const Color& color) {
     constexpr double leastSaturation = 0.3;
     const double most = std::max({color.red, color.green, color.blue});
     const double least = std::min({color.red, color.green, color.blue});
-    return most - least < leastSaturation * most;
+    return most - least <= leastSaturation * most;
 }
 
 } // namespace

@@ -78,7 +78,7 @@ void CapsuleButton::paintEvent(QPaintEvent*) {
         PainterCanvas canvas(painter, controls::scheme(look_));
         GraphicsContext context(canvas);
         context.translateBy(left, (area.height() - side) / 2);
-        drawSymbol(context, symbol_, side, accent(*look_.theme));
+        drawSymbol(context, symbol_, side, controlAccent(*look_.theme));
     }
     painter.setFont(titleFont());
     painter.setPen(qt::color(look_.theme->text));

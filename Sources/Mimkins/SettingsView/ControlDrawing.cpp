@@ -44,6 +44,12 @@ QColor inkOnAccent(const CardLook& look) {
     return qt::color(inkOn(controlAccent(*look.theme), 0.85));
 }
 
+QColor knobOnAccent(const CardLook& look) {
+    constexpr double leastContrast = 3;
+    const bool isTold = contrast(controlAccent(*look.theme), Color::white()) >= leastContrast;
+    return isTold ? QColor(Qt::white) : inkOnAccent(look);
+}
+
 QColor ground(const CardLook& look, Press press) {
     const double lift = press.down ? 0.2 : press.hovers ? 0.14 : 0.08;
     return qt::color(look.theme->text.faded(lift));

@@ -33,6 +33,9 @@ QColor primary(const CardLook& look, double opacity);
 QColor accent(const CardLook& look);
 QColor inkOnAccent(const CardLook& look);
 
+/// White, unless that can't be told from what is on.
+QColor knobOnAccent(const CardLook& look);
+
 /// How strongly something lies on its ground while it is left alone, under the pointer, or pressed.
 struct Press {
     bool hovers = false;

@@ -47,8 +47,9 @@ int FunRow::columns(int width) const {
 }
 
 int FunRow::heightForWidth(int width) const {
-    const int rows = (static_cast<int>(buttons_.size()) + columns(width) - 1) / columns(width);
-    return rows * (buttonHeight() + gap) - gap;
+    const int count = columns(width - contentsMargins().right());
+    const int rows = (static_cast<int>(buttons_.size()) + count - 1) / count;
+    return rows * (buttonHeight() + gap) - gap + contentsMargins().top();
 }
 
 QSize FunRow::sizeHint() const {
@@ -61,11 +62,13 @@ QSize FunRow::minimumSizeHint() const {
 }
 
 void FunRow::arrange() {
-    const int count = columns(width());
-    const int side = (width() - (count - 1) * gap) / count;
+    const int room = width() - contentsMargins().right();
+    const int count = columns(room);
+    const int side = (room - (count - 1) * gap) / count;
     for (int index = 0; index < static_cast<int>(buttons_.size()); ++index) {
         buttons_[static_cast<std::size_t>(index)]->setGeometry(
-            index % count * (side + gap), index / count * (buttonHeight() + gap), side, buttonHeight()
+            index % count * (side + gap), contentsMargins().top() + index / count * (buttonHeight() + gap),
+            side, buttonHeight()
         );
     }
 }

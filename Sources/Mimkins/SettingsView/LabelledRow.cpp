@@ -23,7 +23,7 @@ constexpr double hintPoints = 10;
 
 LabelledRow::LabelledRow(const Parts& parts)
     : label_(new Words(parts.label, {labelPoints, QFont::Medium, Words::Ink::text, 0})),
-      control_(parts.control), place_(parts.place) {
+      control_(parts.control), place_(parts.place), bleed_(parts.bleed) {
     label_->setParent(this);
     label_->setBuddy(control_);
     if (!parts.hint.empty()) {
@@ -82,7 +82,7 @@ LabelledRow::Geometry LabelledRow::below(int width) const {
 }
 
 LabelledRow::Geometry LabelledRow::geometryAt(int width) const {
-    const int natural = control_->sizeHint().width();
+    const int natural = control_->sizeHint().width() - 2 * bleed_;
     switch (place_) {
     case Place::trailing:
         return besides(std::max(width - spacing - natural, 1), width - natural, natural);
@@ -98,7 +98,7 @@ LabelledRow::Geometry LabelledRow::geometryAt(int width) const {
 }
 
 int LabelledRow::heightForWidth(int width) const {
-    return geometryAt(width).height;
+    return geometryAt(width - contentsMargins().right()).height + contentsMargins().top();
 }
 
 QSize LabelledRow::sizeHint() const {
@@ -111,12 +111,13 @@ QSize LabelledRow::minimumSizeHint() const {
 }
 
 void LabelledRow::arrange() {
-    const Geometry geometry = geometryAt(width());
-    label_->setGeometry(geometry.label);
+    const Geometry geometry = geometryAt(width() - contentsMargins().right());
+    const int top = contentsMargins().top();
+    label_->setGeometry(geometry.label.translated(0, top));
     if (hint_ != nullptr) {
-        hint_->setGeometry(geometry.hint);
+        hint_->setGeometry(geometry.hint.translated(0, top));
     }
-    control_->setGeometry(geometry.control);
+    control_->setGeometry(geometry.control.translated(0, top).adjusted(-bleed_, 0, bleed_, 0));
 }
 
 void LabelledRow::resizeEvent(QResizeEvent* event) {

@@ -23,6 +23,9 @@ public:
         std::string_view hint;
         QWidget* control; ///< taken over; its sizes say what it needs
         Place place = Place::beside;
+        /// How much of the control's sides is room for its outline alone; it lies outside of the row's
+        /// margins.
+        int bleed = 0;
     };
 
     explicit LabelledRow(const Parts& parts);
@@ -68,6 +71,7 @@ private:
     Words* hint_ = nullptr;
     QWidget* control_;
     Place place_;
+    int bleed_;
     int column_ = 104; ///< width of the label column
 };
 

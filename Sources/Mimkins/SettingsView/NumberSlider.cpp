@@ -17,7 +17,6 @@ namespace {
 constexpr double parts = 10'000;
 constexpr double lineHeight = 4;
 constexpr double knobPoints = 16;
-constexpr int ring = 3;
 
 } // namespace
 
@@ -59,7 +58,7 @@ double NumberSlider::knobSide() const {
 }
 
 QSize NumberSlider::sizeHint() const {
-    return {120, static_cast<int>(knobSide()) + 2 * ring};
+    return {100, static_cast<int>(knobSide()) + 2 * ringRoom};
 }
 
 QSize NumberSlider::minimumSizeHint() const {
@@ -68,13 +67,13 @@ QSize NumberSlider::minimumSizeHint() const {
 
 QRectF NumberSlider::knob() const {
     const double way = static_cast<double>(value() - minimum()) / (maximum() - minimum());
-    const double room = width() - knobSide() - 2 * ring;
-    return {ring + way * room, (height() - knobSide()) / 2, knobSide(), knobSide()};
+    const double room = width() - knobSide() - 2 * ringRoom;
+    return {ringRoom + way * room, (height() - knobSide()) / 2, knobSide(), knobSide()};
 }
 
 void NumberSlider::follow(double x) {
-    const double room = width() - knobSide() - 2 * ring;
-    const double way = std::clamp((x - ring - knobSide() / 2) / std::max(room, 1.0), 0.0, 1.0);
+    const double room = width() - knobSide() - 2 * ringRoom;
+    const double way = std::clamp((x - ringRoom - knobSide() / 2) / std::max(room, 1.0), 0.0, 1.0);
     setValue(static_cast<int>(std::lround(minimum() + way * (maximum() - minimum()))));
 }
 
@@ -109,7 +108,7 @@ void NumberSlider::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const double thickness = controls::scaled(look_, lineHeight);
-    const QRectF line(ring, (height() - thickness) / 2, width() - 2 * ring, thickness);
+    const QRectF line(ringRoom, (height() - thickness) / 2, width() - 2 * ringRoom, thickness);
     controls::fillRounded(painter, line, thickness, controls::primary(look_, 0.2));
     QRectF filled = line;
     filled.setRight(knob().center().x());

@@ -16,6 +16,9 @@ public:
     /// Called with each number that the user sets, while the knob is on its way too.
     std::function<void(double)> onChange;
 
+    /// Room beside the line for the outline of what has the keyboard, points.
+    static constexpr int ringRoom = 3;
+
     /// Shows a number; one beyond the limits stands at the nearer one.
     void setNumber(double number);
     double number() const;

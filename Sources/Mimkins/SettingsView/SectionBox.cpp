@@ -12,6 +12,8 @@ namespace {
 constexpr int titleGap = 6;
 constexpr int titleIndent = 4;
 constexpr int padding = 12;
+constexpr int bleed = 3; ///< room for outlines of controls at the right edge
+constexpr int wordsSpacing = 5;
 constexpr int rowSpacing = 11;
 constexpr double titlePoints = 10;
 constexpr double titleKerning = 0.8;
@@ -19,7 +21,7 @@ constexpr double titleKerning = 0.8;
 } // namespace
 
 SectionBox::SectionBox(std::string_view title)
-    : title_(new Words({titlePoints, QFont::ExtraBold, Words::Ink::subtext, titleKerning})),
+    : title_(new Words({titlePoints, QFont::ExtraBold, Words::Ink::text, titleKerning})),
       rows_(new QVBoxLayout), look_(controls::plainLook()) {
     setAccessibleName(qt::text(title));
     title_->setText(qt::text(title).toUpper());
@@ -29,12 +31,14 @@ SectionBox::SectionBox(std::string_view title)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(titleGap);
     column->addWidget(title_);
-    rows_->setContentsMargins(padding, padding, padding, padding);
-    rows_->setSpacing(rowSpacing);
+    rows_->setContentsMargins(padding, padding, padding - bleed, padding);
+    rows_->setSpacing(wordsSpacing);
     column->addLayout(rows_);
 }
 
 void SectionBox::add(QWidget* row) {
+    const bool isClose = rows_->count() == 0 || dynamic_cast<Words*>(row) != nullptr;
+    row->setContentsMargins(0, isClose ? 0 : rowSpacing - wordsSpacing, bleed, 0);
     rows_->addWidget(row);
 }
 

@@ -15,7 +15,8 @@ class SectionBox final : public GroupWidget {
 public:
     explicit SectionBox(std::string_view title);
 
-    /// Puts a row, or another part, below the last one. It is taken over.
+    /// Puts a row, or another part, below the last one; words stand closer to it than others, whose margin
+    /// at the top is set. It is taken over.
     void add(QWidget* row);
     void setLook(const CardLook& look);
 

@@ -58,6 +58,10 @@ void SettingsContent::setLook(const CardLook& look) {
     }
 }
 
+void SettingsContent::setScrollBarRoom(int room) {
+    column_->setContentsMargins(padding, padding, padding - room, padding);
+}
+
 QWidget* SettingsContent::row(std::string_view key) const {
     return found(rows_, key);
 }
@@ -112,9 +116,10 @@ QWidget* SettingsContent::makeRow(const SettingsRow& row) {
     return makeLine(row);
 }
 
-QWidget* SettingsContent::labelled(const SettingsRow& row, QWidget* control, LabelledRow::Place place) {
+QWidget*
+SettingsContent::labelled(const SettingsRow& row, QWidget* control, LabelledRow::Place place, int bleed) {
     controls_[std::string(row.key)] = control;
-    auto* made = new LabelledRow({row.label, row.hint, control, place});
+    auto* made = new LabelledRow({row.label, row.hint, control, place, bleed});
     dress(made);
     return made;
 }
@@ -183,7 +188,7 @@ QWidget* SettingsContent::makeToggle(const SettingsRow& row) {
         connect(toggle, &QAbstractButton::clicked, this, [this](bool on) { parts_.login.set(on); });
     }
     dress(toggle);
-    auto* made = labelled(row, toggle, LabelledRow::Place::trailing);
+    auto* made = labelled(row, toggle, LabelledRow::Place::trailing, Switch::ringRoom);
     static_cast<LabelledRow*>(made)->onPress = [toggle] { toggle->click(); };
     return made;
 }
@@ -194,7 +199,7 @@ QWidget* SettingsContent::makeSlider(const SettingsRow& row) {
     slider->onChange = [&preference](double number) { preference.set(number); };
     followers_[std::string(row.key)] = [slider, &preference] { slider->setNumber(preference()); };
     dress(slider);
-    return labelled(row, slider, LabelledRow::Place::beside);
+    return labelled(row, slider, LabelledRow::Place::beside, NumberSlider::ringRoom);
 }
 
 QWidget* SettingsContent::makeText(const SettingsRow& row) {
@@ -219,7 +224,7 @@ QWidget* SettingsContent::makeLine(const SettingsRow& row) {
     const bool isFailure = row.key == HotKeyRegistration::statusKey;
     auto* words = new Words(
         {isBlurb ? blurbPoints : linePoints, QFont::Normal,
-         isFailure ? Words::Ink::snag : Words::Ink::subtext, 0}
+         isFailure ? Words::Ink::text : Words::Ink::subtext, 0}
     );
     lines_[std::string(row.key)] = words;
     dress(words);

@@ -51,6 +51,9 @@ public:
 
     void setLook(const CardLook& look);
 
+    /// Leaves out so much at the right, where a scroll bar stands.
+    void setScrollBarRoom(int room);
+
     /// To be called when a shortcut has been registered, or couldn't be.
     void followShortcut() { followFacts(); }
 
@@ -76,7 +79,7 @@ private:
     QWidget* makeFun(const SettingsRow& row);
     QWidget* makeQuit(const SettingsRow& row);
     QWidget* makeConnection(const SettingsRow& row);
-    QWidget* labelled(const SettingsRow& row, QWidget* control, LabelledRow::Place place);
+    QWidget* labelled(const SettingsRow& row, QWidget* control, LabelledRow::Place place, int bleed = 0);
     template <typename Part>
     void dress(Part* part);
     SettingsFacts facts() const;

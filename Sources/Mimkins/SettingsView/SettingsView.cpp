@@ -2,11 +2,18 @@
 
 namespace mimkins {
 
+namespace {
+
+constexpr int scrollBarWidth = 6;
+
+} // namespace
+
 SettingsView::SettingsView(const SettingsParts& parts, const CardLook& look)
     : content_(new SettingsContent(parts, look)) {
     setAccessibleName("Settings");
     setWidget(content_);
     content_->setAutoFillBackground(false);
+    content_->setScrollBarRoom(scrollBarWidth);
     setLook(look);
 }
 

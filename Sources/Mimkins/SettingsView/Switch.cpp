@@ -13,7 +13,6 @@ namespace {
 
 constexpr double trackWidth = 30;
 constexpr double trackHeight = 18;
-constexpr double ring = 3; ///< room round the track for the outline of what has the keyboard
 constexpr double knobGap = 2;
 constexpr double slideSeconds = 0.14;
 
@@ -44,8 +43,8 @@ void Switch::setLook(const CardLook& look) {
 
 QSize Switch::sizeHint() const {
     return {
-        controls::scaled(look_, trackWidth) + static_cast<int>(2 * ring),
-        controls::scaled(look_, trackHeight) + static_cast<int>(2 * ring)};
+        controls::scaled(look_, trackWidth) + 2 * ringRoom,
+        controls::scaled(look_, trackHeight) + 2 * ringRoom};
 }
 
 bool Switch::hitButton(const QPoint& place) const {
@@ -91,7 +90,7 @@ bool Switch::step(double seconds) {
 }
 
 QRectF Switch::track() const {
-    return QRectF(rect()).adjusted(ring, ring, -ring, -ring);
+    return QRectF(rect()).adjusted(ringRoom, ringRoom, -ringRoom, -ringRoom);
 }
 
 void Switch::paintEvent(QPaintEvent*) {
@@ -104,9 +103,7 @@ void Switch::paintEvent(QPaintEvent*) {
     const double side = area.height() - 2 * knobGap;
     const double left = area.left() + knobGap + place_ * (area.width() - area.height());
     const QRectF knob(left, area.top() + knobGap, side, side);
-    const QColor ink = controls::inkOnAccent(look_);
-    // The knob stands out from the track in both of its colours.
-    controls::fillRounded(painter, knob, side / 2, between(Qt::white, ink, place_));
+    controls::fillRounded(painter, knob, side / 2, between(Qt::white, controls::knobOnAccent(look_), place_));
     if (hasFocus()) {
         controls::drawFocusRing(painter, rect(), height() / 2.0, look_);
     }

@@ -12,6 +12,9 @@ class Switch final : public QCheckBox {
 public:
     Switch();
 
+    /// Room beside the track for the outline of what has the keyboard, points.
+    static constexpr int ringRoom = 3;
+
     void setLook(const CardLook& look);
 
     /// Moves the knob on by so many seconds. True if it isn't there yet.

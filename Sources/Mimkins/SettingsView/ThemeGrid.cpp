@@ -65,7 +65,8 @@ int ThemeGrid::tileHeight() const {
 }
 
 int ThemeGrid::heightForWidth(int width) const {
-    const int rows = (static_cast<int>(tiles_.size()) + columns(width) - 1) / columns(width);
+    const int count = columns(width - contentsMargins().right());
+    const int rows = (static_cast<int>(tiles_.size()) + count - 1) / count;
     return rows * (tileHeight() + gap) - gap;
 }
 
@@ -79,12 +80,13 @@ QSize ThemeGrid::minimumSizeHint() const {
 }
 
 void ThemeGrid::arrange() {
-    const int count = columns(width());
-    const int side = (width() - (count - 1) * gap) / count;
+    const int room = width() - contentsMargins().right();
+    const int count = columns(room);
+    const int side = (room - (count - 1) * gap) / count;
     for (int index = 0; index < static_cast<int>(tiles_.size()); ++index) {
         const int column = index % count;
         const int left = column * (side + gap);
-        const int right = column == count - 1 ? width() : left + side;
+        const int right = column == count - 1 ? room : left + side;
         tiles_[static_cast<std::size_t>(index)]->setGeometry(
             left, index / count * (tileHeight() + gap), right - left, tileHeight()
         );

@@ -26,9 +26,7 @@ void Words::setLook(const CardLook& look) {
     }
     setFont(font);
     const PetTheme& theme = *look.theme;
-    const Color& color = form_.ink == Ink::text      ? theme.text
-                         : form_.ink == Ink::subtext ? theme.subtext
-                                                     : theme.snag;
+    const Color& color = form_.ink == Ink::text ? theme.text : theme.subtext;
     QPalette palette = this->palette();
     palette.setColor(QPalette::WindowText, qt::color(color));
     setPalette(palette);

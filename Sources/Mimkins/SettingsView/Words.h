@@ -11,7 +11,7 @@ namespace mimkins {
 /// Words of the screen, in as many lines as they need.
 class Words final : public QLabel {
 public:
-    enum class Ink { text, subtext, snag };
+    enum class Ink { text, subtext };
 
     struct Form {
         double points = 12;
