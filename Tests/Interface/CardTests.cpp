@@ -212,6 +212,23 @@ TEST_F(Card, GlowOfAWaitingCardMovesTenTimesASecond) {
     EXPECT_LE(changes, 11);
 }
 
+TEST_F(Card, MarkOfTheNextCardLiesOverItsGlow) {
+    report("a", "waiting", R"(,"tool":"Bash")");
+    start();
+    drawer.setHighlightedId("a");
+    settle();
+    const QImage picture = card().grab().toImage();
+    const QRectF shown = QTransform()
+                             .translate(card().width() / 2.0, card().height() / 2.0)
+                             .scale(1.03, 1.03)
+                             .translate(-card().width() / 2.0, -card().height() / 2.0)
+                             .mapRect(QRectF(card().rect()).adjusted(10, 10, -10, -10));
+    const QColor edge = picture.pixelColor(card().width() / 3, static_cast<int>(shown.bottom()) - 2);
+    const Color& accented = accent(PetTheme::nightSky()); // green and blue rather than the yellow of the glow
+    EXPECT_GT(accented.blue, accented.red);
+    EXPECT_GT(edge.blueF(), edge.redF());
+}
+
 TEST_F(Card, WaitingSwapsBorderAndShadowForTheGlowAtOnce) {
     report("a", "working");
     start();
