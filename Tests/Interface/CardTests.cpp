@@ -247,7 +247,6 @@ TEST_F(Card, ToolTipsSayWhatIsUnderThePointer) {
     const auto text = card().text();
     const auto* agent = text.find(CardText::Badge::agent);
     ASSERT_NE(agent, nullptr);
-    const QPointF corner(CardView::shadowRoom, CardView::shadowRoom);
     QStringList seen;
     for (int x = 0; x < card().width(); x += 2) {
         for (int y = 0; y < card().height(); y += 2) {
