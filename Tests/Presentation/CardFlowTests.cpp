@@ -28,6 +28,24 @@ TEST(Spring, ComesToRestAtItsTarget) {
     EXPECT_TRUE(spring.atRest());
 }
 
+TEST(CardFlow, MovesWithTheFeelOfTheLastCall) {
+    CardFlow flow;
+    flow.arrange({slot("a", 80)}, Manner::jump);
+    flow.arrange({slot("a", 180)}, Manner::glide, SpringFeel{0.35, 1});
+    Spring alone(80);
+    alone.setTarget(180);
+    for (int frame = 0; frame < 10; ++frame) {
+        flow.step(0.016);
+        alone.step(0.016, {0.35, 1});
+        EXPECT_DOUBLE_EQ(flow.find("a")->height(), alone.value());
+    }
+    flow.arrange({slot("a", 80)}, Manner::glide);
+    alone.setTarget(80);
+    flow.step(0.016);
+    alone.step(0.016);
+    EXPECT_DOUBLE_EQ(flow.find("a")->height(), alone.value());
+}
+
 TEST(Spring, SwingsALittleBeyondItsTarget) {
     Spring spring(0);
     spring.setTarget(100);

@@ -173,6 +173,13 @@ TEST(CardRow, WordsFromOutsideStayOnOneLine) {
     EXPECT_EQ(row.project, "STRASSE\xEF\xBF\xBD");
 }
 
+TEST(EdgeTabBadge, SaysInWordsWhoWaits) {
+    EXPECT_EQ(edgeTabWords({true, 2}), "2 waiting on you");
+    EXPECT_EQ(edgeTabWords({false, 1}), "1 new reply");
+    EXPECT_EQ(edgeTabWords({false, 3}), "3 new replies");
+    EXPECT_EQ(edgeTabWords({false, 0}), "Nobody waits on you");
+}
+
 TEST(DrawerState, TellsOnlyWhenAValueChanges) {
     DrawerState state;
     int changes = 0;

@@ -30,6 +30,23 @@ std::vector<Subtask> tasks(int running, int finished) {
     return result;
 }
 
+TEST(SubtaskRow, SaysWhatItIsToAScreenReader) {
+    const auto done = subtaskRow(task("a", false), {});
+    EXPECT_EQ(done.accessibleName(), "Look for a, Done");
+    EXPECT_EQ(done.accessibleDescription(), "Took 1m");
+    Subtask running = task("b", true);
+    running.tool = "Bash";
+    running.detail = "make";
+    const auto row = subtaskRow(running, ModelTag{"claude-opus-4-5", std::nullopt});
+    EXPECT_EQ(row.accessibleName(), "Look for b, Working");
+    EXPECT_THAT(row.accessibleDescription(), testing::HasSubstr("make. Since "));
+}
+
+TEST(SubtaskRows, ButtonSaysWhatAPressDoes) {
+    EXPECT_EQ(finishedHelp(false), "Show finished subtasks");
+    EXPECT_EQ(finishedHelp(true), "Hide finished subtasks");
+}
+
 TEST(SubtaskRows, SixRunningOnesAllShow) {
     const auto rows = subtaskRows(tasks(6, 0), {});
     EXPECT_EQ(rows.running.size(), 6U);

@@ -250,6 +250,10 @@ void CardView::paintEvent(QPaintEvent* event) {
     if (row_.waiting) {
         glow_.draw(painter, glowShape(), glowMoment_);
     }
+    if (row_.highlighted) {
+        painter.setOpacity(opacity_);
+        drawHighlight(painter, frame.card(), look_); // over the glow of a card that waits
+    }
     pill_->draw(painter, opacity_, look_.theme->text.faded(0.85));
     const bool petSeen = event->region().intersects(onScreen(frame.petSquare()).toAlignedRect());
     if (petSeen) {
@@ -271,9 +275,6 @@ void CardView::drawGround() {
     painter.setTransform(frame.zoom(groundScale_));
     const QRectF& card = frame.card();
     drawCardGround(painter, card, row_, look_, {underMouse(), hasFocus()});
-    if (row_.highlighted) {
-        drawHighlight(painter, card, look_);
-    }
     painter.setClipPath(roundedShape(card, look_.theme->radius));
     const Color& mood = tint(*look_.theme, row_.mood);
     if (look_.theme->pad) {

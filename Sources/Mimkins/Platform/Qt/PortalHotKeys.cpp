@@ -9,9 +9,11 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 
+#include <algorithm>
 #include <atomic>
+#include <functional>
 #include <memory>
-#include <optional>
+#include <utility>
 
 namespace mimkins {
 
