@@ -58,4 +58,22 @@ std::optional<std::string> linkScheme(std::string_view text) {
     return scheme;
 }
 
+std::string fileLink(std::string_view path) {
+    constexpr std::string_view plainMarks = "-._~/";
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string link = "file://";
+    for (const char character : path) {
+        if (isLetter(character) || isDigit(character) ||
+            plainMarks.find(character) != std::string_view::npos) {
+            link += character;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(character);
+        link += '%';
+        link += digits[byte >> 4U];
+        link += digits[byte & 15U];
+    }
+    return link;
+}
+
 } // namespace mimkins

@@ -11,4 +11,8 @@ namespace mimkins {
 /// hexadecimal digits.
 std::optional<std::string> linkScheme(std::string_view text);
 
+/// The file link of an absolute path. Whatever a link may not hold, or would read as something else, is
+/// written as "%" and two digits.
+std::string fileLink(std::string_view path);
+
 } // namespace mimkins

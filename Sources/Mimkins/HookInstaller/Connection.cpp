@@ -1,5 +1,6 @@
 #include "HookInstaller/Connection.h"
 
+#include "Base/Link.h"
 #include "Base/Text.h"
 
 #include <exception>
@@ -91,7 +92,7 @@ void Connection::uninstall() {
     parts_.login.set(false);
     parts_.removeFolder(parts_.paths.support());
     parts_.preferences.removeAll();
-    parts_.links.showFile("file://" + parts_.program);
+    parts_.links.showFile(fileLink(parts_.program));
     parts_.quit();
 }
 
