@@ -36,4 +36,7 @@ if(MIMKINS_UI)
             Desktop/${script} PROPERTIES RUN_SERIAL ON TIMEOUT 240 LABELS slow SKIP_RETURN_CODE 77)
     endforeach()
     set_tests_properties(Desktop PROPERTIES RUN_SERIAL ON TIMEOUT 240 LABELS slow SKIP_RETURN_CODE 77)
+    add_test(NAME DesktopSetup COMMAND Desktop/setup $<TARGET_FILE:mimkins> ${CMAKE_BINARY_DIR}/Desktop
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    set_tests_properties(DesktopSetup PROPERTIES RUN_SERIAL ON TIMEOUT 240 LABELS slow SKIP_RETURN_CODE 77)
 endif()
