@@ -25,8 +25,6 @@ if(MIMKINS_UI)
     find_package(Qt6 REQUIRED COMPONENTS DBus Test)
     mimkins_test(Interface LIBRARIES mimkins_app Qt6::Test Qt6::DBus PROGRAMS mimkins ENVIRONMENT QT_QPA_PLATFORM=offscreen)
     mimkins_test(Install PROGRAMS mimkins mimkin mimkins_icons)
-    find_package(Qt6 REQUIRED COMPONENTS DBus Test)
-    mimkins_test(Interface LIBRARIES mimkins_app Qt6::DBus Qt6::Test PROGRAMS mimkins ENVIRONMENT QT_QPA_PLATFORM=offscreen)
     add_test(NAME Desktop COMMAND Desktop/run $<TARGET_FILE:mimkins> ${CMAKE_BINARY_DIR}/Desktop
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     foreach(script accessible tray two-screens)
