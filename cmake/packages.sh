@@ -8,7 +8,8 @@ packages_display="xvfb openbox x11-utils x11-xserver-utils imagemagick xdotool"
 packages_test="libgtest-dev libgmock-dev librapidcheck-dev strace git busybox mawk gawk original-awk bash dash
 python3 trayer acl attr locales"
 packages_client="tmux python3 git util-linux"
-packages_bench="libbenchmark-dev libcairo2-dev jq ripgrep"
+packages_bench="libbenchmark-dev libcairo2-dev jq ripgrep xterm qml-qt6 qml6-module-qtquick
+qml6-module-qtquick-window qml6-module-qtqml-workerscript"
 packages_check="clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev"
 
 say() { printf '== %s\n' "$*"; }
