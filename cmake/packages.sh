@@ -6,7 +6,7 @@ packages_interface="qt6-base-dev libxcb1-dev libgl-dev libgif-dev fonts-dejavu-c
 fonts-quicksand fonts-noto-color-emoji"
 packages_display="xvfb openbox x11-utils x11-xserver-utils imagemagick xdotool"
 packages_test="libgtest-dev libgmock-dev librapidcheck-dev strace git busybox mawk gawk original-awk bash dash
-python3 trayer acl attr locales"
+python3 trayer xserver-xephyr acl attr locales"
 packages_client="tmux python3 git util-linux"
 packages_bench="libbenchmark-dev libcairo2-dev jq ripgrep xterm qml-qt6 qml6-module-qtquick
 qml6-module-qtquick-window qml6-module-qtqml-workerscript"
