@@ -6,7 +6,6 @@
 
 #include <QKeyEvent>
 #include <QResizeEvent>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <cmath>
@@ -20,26 +19,19 @@ namespace {
 constexpr double subtasksGap = 6;
 constexpr double scrollSeconds = 0.35;
 
-QString scrollBarStyle(const PetTheme& theme) {
-    const QString handle = qt::color(theme.text.faded(0.22)).name(QColor::HexArgb);
-    return QString("QScrollBar:vertical { background: transparent; width: 6px; margin: 2px 0; }"
-                   "QScrollBar::handle:vertical { background: %1; border-radius: 3px; min-height: 24px; }"
-                   "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-                   "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }")
-        .arg(handle);
-}
-
 } // namespace
 
 SessionList::SessionList(CardLook look)
-    : look_(std::move(look)), canvas_(new QWidget), clock_([this](double seconds) { return step(seconds); }) {
+    : look_(std::move(look)), canvas_(new QWidget), bar_(new ThinScrollBar),
+      clock_([this](double seconds) { return step(seconds); }) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
+    setVerticalScrollBar(bar_);
     setWidget(canvas_);
     canvas_->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
-    verticalScrollBar()->setStyleSheet(scrollBarStyle(*look_.theme));
+    bar_->setTheme(*look_.theme);
     setAccessibleName("Sessions");
 }
 
@@ -140,7 +132,7 @@ void SessionList::keepTabOrder() {
 
 void SessionList::setLook(const CardLook& look) {
     look_ = look;
-    verticalScrollBar()->setStyleSheet(scrollBarStyle(*look_.theme));
+    bar_->setTheme(*look_.theme);
     for (const auto& [id, entry] : entries_) {
         entry.card->setLook(look_);
         if (entry.subtasks != nullptr) {

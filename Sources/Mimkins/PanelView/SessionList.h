@@ -4,6 +4,7 @@
 #include "PanelView/CardView.h"
 #include "PanelView/FrameClock.h"
 #include "PanelView/SubtaskListView.h"
+#include "PanelView/ThinScrollBar.h"
 #include "Presentation/CardFlow.h"
 #include "Presentation/CardMenu.h"
 
@@ -107,6 +108,7 @@ private:
     CardLook look_;
     CardFlow flow_;
     QWidget* canvas_;
+    ThinScrollBar* bar_;
     std::map<std::string, Entry> entries_;
     std::vector<std::string> order_;
     std::vector<QuickPrompt> quickPrompts_;

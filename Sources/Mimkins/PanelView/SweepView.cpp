@@ -3,7 +3,6 @@
 #include "Drawing/Qt/Conversions.h"
 
 #include <QHBoxLayout>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <utility>
@@ -17,15 +16,6 @@ constexpr int spacing = 16;
 constexpr int sectionSpacing = 6;
 constexpr int footerPadding = 4;
 
-QString scrollBarStyle(const PetTheme& theme) {
-    const QString handle = qt::color(theme.text.faded(0.22)).name(QColor::HexArgb);
-    return QString("QScrollBar:vertical { background: transparent; width: 6px; margin: 2px 0; }"
-                   "QScrollBar::handle:vertical { background: %1; border-radius: 3px; min-height: 24px; }"
-                   "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-                   "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }")
-        .arg(handle);
-}
-
 QLabel* label(const QString& words, const CardLook& look, double points) {
     auto* made = new QLabel(words);
     made->setFont(Typography(FontDesign::standard, look.typography.scale()).font(points));
@@ -37,7 +27,8 @@ QLabel* label(const QString& words, const CardLook& look, double points) {
 
 } // namespace
 
-SweepView::SweepView(CardLook look) : look_(std::move(look)) {
+SweepView::SweepView(CardLook look) : look_(std::move(look)), bar_(new ThinScrollBar) {
+    setVerticalScrollBar(bar_);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
@@ -108,7 +99,7 @@ void SweepView::rebuild(Date now) {
     }
     setWidget(canvas);
     canvas->setAutoFillBackground(false);
-    verticalScrollBar()->setStyleSheet(scrollBarStyle(*look_.theme));
+    bar_->setTheme(*look_.theme);
     showWords();
 }
 
