@@ -2,6 +2,7 @@
 
 #include "Base/Perf.h"
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/CardLook.h"
 #include "PanelView/Chip.h"
 #include "Presentation/MoodTint.h"
 

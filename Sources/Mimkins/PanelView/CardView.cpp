@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "PanelView/CardGround.h"
+#include "PanelView/StretchedPicture.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/MoodTint.h"
 
@@ -24,6 +25,8 @@ constexpr double columnGap = 10;
 constexpr double leastTextWidth = 40;
 constexpr double presenceGrain = 0.01;
 constexpr double leastPillScale = 0.6;
+/// Around the pill, for the ring of the focus.
+constexpr double pillMargin = 3;
 /// How far the heads of the crew reach below the pet's square.
 constexpr double crewDrop = 6;
 
@@ -53,6 +56,7 @@ CardView::CardView(CardRow row, CardLook look, Date now)
 void CardView::setRow(const CardRow& row, Date now) {
     if (row_ != row) {
         row_ = row;
+        text_.reset();
         describe();
         refresh();
         startMoving();
@@ -90,6 +94,7 @@ void CardView::startMoving() {
 
 void CardView::setLook(const CardLook& look) {
     look_ = look;
+    text_.reset();
     describe();
     refresh();
 }
@@ -98,7 +103,9 @@ void CardView::setNow(Date now) {
     const QString words = elapsedText(row_.since, now);
     if (words != elapsed_) {
         elapsed_ = words;
-        refresh();
+        text_.reset();
+        groundIsOld_ = true;
+        update(onScreen(textArea()).toAlignedRect());
     }
 }
 
@@ -171,8 +178,16 @@ double CardView::textWidth(double cardWidth) const {
 }
 
 double CardView::heightFor(double width) const {
-    const auto set = setCardText(row_, elapsed_, textWidth(width), look_);
-    return std::ceil(std::max(set.height, look_.petPoints) + 2 * padding);
+    return std::ceil(std::max(textFor(width).height, look_.petPoints) + 2 * padding);
+}
+
+const CardText& CardView::textFor(double cardWidth) const {
+    const double width = textWidth(cardWidth);
+    if (!text_ || textWidth_ != width) {
+        text_ = setCardText(row_, elapsed_, width, look_);
+        textWidth_ = width;
+    }
+    return *text_;
 }
 
 QRectF CardView::cardRect() const {
@@ -190,8 +205,15 @@ QRectF CardView::crewRect() const {
     return {{pet.center().x() - size.width() / 2, pet.bottom() + crewDrop - size.height()}, size};
 }
 
-CardText CardView::text() const {
-    return setCardText(row_, elapsed_, textWidth(cardRect().width()), look_);
+const CardText& CardView::text() const {
+    return textFor(cardRect().width());
+}
+
+/// All that is right of the pet.
+QRectF CardView::textArea() const {
+    QRectF area = cardRect();
+    area.setLeft(petSquare().right());
+    return area;
 }
 
 QPointF CardView::textCorner(const CardText& text) const {
@@ -219,7 +241,11 @@ GlowRing::Shape CardView::glowShape() const {
 }
 
 void CardView::placePill() {
-    const CardText set = text();
+    pill_->setVisible(row_.pill.has_value());
+    if (!row_.pill) {
+        return;
+    }
+    const CardText& set = text();
     if (const auto* placed = set.find(CardText::Badge::pill)) {
         pillChip_ = placed->chip;
         const QRectF line = placed->rect.translated(textCorner(set));
@@ -227,7 +253,6 @@ void CardView::placePill() {
         pillRect_ = {line.left(), line.center().y() - height / 2, line.width(), height};
         pill_->setGeometry(onScreen(pillRect_).toAlignedRect());
     }
-    pill_->setVisible(row_.pill.has_value());
 }
 
 void CardView::resizeEvent(QResizeEvent*) {
@@ -237,7 +262,7 @@ void CardView::resizeEvent(QResizeEvent*) {
 
 QString CardView::toolTipAt(QPointF place) const {
     const QPointF at = zoom(scale()).inverted().map(place);
-    const CardText set = text();
+    const CardText& set = text();
     const QPointF inText = at - textCorner(set);
     for (const auto& placed : set.chips) {
         if (!placed.rect.contains(inText)) {
@@ -307,47 +332,73 @@ void CardView::paintEvent(QPaintEvent* event) {
         (atRest && groundScale_ != scale())) {
         drawGround();
     }
+    const auto isSeen = [this, event](const QRectF& area) {
+        return event->region().intersects(onScreen(area).toAlignedRect());
+    };
+    const QImage* pet = nullptr;
+    if (isSeen(petSquare())) {
+        pet = &pet_.at(moment_, look_.petPoints, devicePixelRatioF(), row_.pet, look_);
+    }
     QPainter painter(this);
     painter.setOpacity(opacity_);
-    const QTransform moved = zoom(scale() / groundScale_);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != groundScale_);
-    painter.setTransform(moved, true);
-    painter.drawPixmap(0, 0, ground_);
-    painter.setTransform(zoom(scale() / 1.0));
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != 1);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (row_.waiting) {
-        glow_.draw(painter, glowShape(), glowMoment_);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != 1 || scale() != groundScale_);
+    // Pictures are copied quickly only inside a plain rectangle.
+    for (const QRect& part : event->region()) {
+        painter.resetTransform();
+        painter.setClipRect(part);
+        drawPictures(painter, pet);
     }
-    drawPill(painter);
-    const bool petSeen = event->region().intersects(onScreen(petSquare()).toAlignedRect());
-    if (petSeen) {
-        pet_.draw(painter, petSquare().topLeft(), look_.petPoints, row_.pet, look_, moment_);
+    painter.setClipping(false);
+    if (isSeen(pillRect_.adjusted(-pillMargin, -pillMargin, pillMargin, pillMargin))) {
+        drawPill(painter);
     }
-    if (row_.crew && event->region().intersects(onScreen(crewRect()).toAlignedRect())) {
+    if (row_.crew && isSeen(crewRect())) {
         crew_.draw(painter, crewRect().topLeft(), glowMoment_);
     }
 }
 
+void CardView::drawPictures(QPainter& painter, const QImage* pet) {
+    painter.setTransform(zoom(scale() / groundScale_));
+    painter.drawImage(0, 0, ground_);
+    painter.setTransform(zoom(scale()));
+    if (row_.waiting) {
+        glow_.draw(painter, glowShape(), glowMoment_);
+    }
+    if (pet != nullptr) {
+        painter.drawImage(petSquare().topLeft(), *pet);
+    }
+}
+
+QImage CardView::plate(CardStates states) const {
+    if (groundScale_ == 1) {
+        return look_.plates->picture({size(), shadowRoom, devicePixelRatioF()}, row_, look_, states);
+    }
+    QImage picture = clearPicture(size(), devicePixelRatioF());
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setTransform(zoom(groundScale_));
+    drawCardGround(painter, cardRect(), row_, look_, states);
+    return picture;
+}
+
 void CardView::drawGround() {
     groundScale_ = scale();
-    ground_ = QPixmap(size() * devicePixelRatioF());
-    ground_.setDevicePixelRatio(devicePixelRatioF());
-    ground_.fill(Qt::transparent);
+    ground_ = plate({underMouse(), hasFocus()});
     QPainter painter(&ground_);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setTransform(zoom(groundScale_));
     const QRectF card = cardRect();
-    drawCardGround(painter, card, row_, look_, {underMouse(), hasFocus()});
     if (row_.highlighted) {
         drawHighlight(painter, card, look_);
     }
-    painter.setClipPath(cardShape(card, look_.theme->radius));
     const Color& mood = tint(*look_.theme, row_.mood);
     if (look_.theme->pad) {
+        painter.setClipPath(cardShape(card, look_.theme->radius));
         drawPetPad(painter, petSquare(), mood);
+        painter.setClipping(false);
     }
-    const CardText set = text();
+    const CardText& set = text();
     drawCardText(painter, set, textCorner(set), *look_.theme, mood);
     groundIsOld_ = false;
 }

@@ -12,7 +12,7 @@
 #include "Presentation/Spring.h"
 
 #include <QAbstractButton>
-#include <QPixmap>
+#include <QImage>
 
 #include <functional>
 #include <optional>
@@ -62,7 +62,7 @@ public:
     double heightFor(double width) const;
 
     /// The words and badges as they are set for the present size.
-    CardText text() const;
+    const CardText& text() const;
 
     /// What the tool tip says at a place.
     QString toolTipAt(QPointF place) const;
@@ -80,7 +80,9 @@ private:
     QRectF cardRect() const;
     double leadingPadding() const;
     double textWidth(double cardWidth) const;
+    const CardText& textFor(double cardWidth) const;
     QPointF textCorner(const CardText& text) const;
+    QRectF textArea() const;
     QRectF petSquare() const;
     QRectF crewRect() const;
     QRectF onScreen(const QRectF& rect) const;
@@ -90,12 +92,16 @@ private:
     void describe();
     void startMoving();
     void placePill();
+    QImage plate(CardStates states) const;
     void drawGround();
+    void drawPictures(QPainter& painter, const QImage* pet);
     void drawPill(QPainter& painter) const;
 
     CardRow row_;
     CardLook look_;
     QString elapsed_;
+    mutable std::optional<CardText> text_; ///< as it was last set
+    mutable double textWidth_ = 0;         ///< that it was set for
     double opacity_ = 1;
     CardScale scale_;
     Date moment_;     ///< that the pet shows
@@ -104,7 +110,7 @@ private:
     Chip pillChip_;   ///< as it was last shown
     QRectF pillRect_; ///< on the card at its ordinary size
     Spring pillPresence_;
-    QPixmap ground_; ///< all that stands still
+    QImage ground_; ///< all that stands still
     double groundScale_ = 1;
     bool groundIsOld_ = true;
     PetPicture pet_;
