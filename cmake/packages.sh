@@ -6,10 +6,11 @@ packages_interface="qt6-base-dev libxcb1-dev libgl-dev libgif-dev fonts-dejavu-c
 fonts-quicksand fonts-noto-color-emoji"
 packages_display="xvfb openbox x11-utils x11-xserver-utils imagemagick xdotool"
 packages_test="libgtest-dev libgmock-dev librapidcheck-dev strace git busybox mawk gawk original-awk bash dash
-python3 trayer acl attr locales at-spi2-core gir1.2-atspi-2.0 python3-gi dbus libglib2.0-bin
+python3 trayer xserver-xephyr acl attr locales at-spi2-core gir1.2-atspi-2.0 python3-gi dbus libglib2.0-bin
 pulseaudio pulseaudio-utils"
 packages_client="tmux python3 git util-linux"
-packages_bench="libbenchmark-dev libcairo2-dev jq ripgrep"
+packages_bench="libbenchmark-dev libcairo2-dev jq ripgrep xterm qml-qt6 qml6-module-qtquick
+qml6-module-qtquick-window qml6-module-qtqml-workerscript"
 packages_check="clang-14 clang-format-14 clang-tidy-14 libclang-rt-14-dev"
 
 say() { printf '== %s\n' "$*"; }

@@ -235,6 +235,38 @@ TEST_F(Tab, HiddenOneKeepsTheLastGlow) {
     EXPECT_TRUE(glows());
 }
 
+TEST_F(Tab, CoveredOneKeepsStill) {
+    show({blocked, true, true});
+    EXPECT_TRUE(glows());
+    tab.setCovered(true);
+    EXPECT_FALSE(glows());
+    EXPECT_FALSE(wiggles());
+    EXPECT_EQ(loop.timers(), 0U);
+    tab.setCovered(false);
+    EXPECT_TRUE(glows());
+    EXPECT_TRUE(wiggles());
+}
+
+TEST_F(Tab, IsDrawnAnewWhenItsWordsOrColoursChange) {
+    show({blocked, true, false});
+    const QImage two = tab.grab().toImage();
+    tab.setContent({{true, 3}, true, false});
+    const QImage three = tab.grab().toImage();
+    EXPECT_NE(three, two);
+    tab.setTheme(PetTheme::named("paper"));
+    EXPECT_NE(tab.grab().toImage(), three);
+    tab.setTheme(PetTheme::nightSky());
+    tab.setContent({blocked, true, false});
+    EXPECT_EQ(tab.grab().toImage(), two);
+}
+
+TEST_F(Tab, GlowPulses) {
+    show({blocked, true, false});
+    const QImage before = tab.grab().toImage();
+    loop.advance(0.45);
+    EXPECT_NE(tab.grab().toImage(), before);
+}
+
 TEST_F(Tab, GlowsTenTimesASecond) {
     show({blocked, true, false});
     std::set<double> moments;

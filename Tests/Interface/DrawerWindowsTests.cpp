@@ -165,6 +165,29 @@ TEST_F(Windows, CoverIsFollowedOnlyWhileTheDrawerIsOpen) {
     EXPECT_FALSE(system.changed);
 }
 
+TEST_F(Windows, TabKeepsStillWhileItIsCoveredTogetherWithTheDrawer) {
+    start();
+    windows->tab().setContent({{true, 1}, true, false});
+    const auto glows = [this] {
+        const double before = windows->tab().glowMoment();
+        loop.advance(0.35);
+        return windows->tab().glowMoment() != before;
+    };
+    EXPECT_TRUE(glows());
+    system.covered = true;
+    system.changed();
+    EXPECT_FALSE(glows());
+    windows->bringForward();
+    system.covered = false;
+    system.changed();
+    EXPECT_TRUE(glows());
+    system.covered = true;
+    system.changed();
+    drawer.setOpen(false); // as its window does when it is shut while nobody sees it
+    windows->place(DrawerWindows::Motion::jump);
+    EXPECT_TRUE(glows());
+}
+
 TEST_F(Windows, BringForwardOpensAShutDrawer) {
     preferences.values["drawerOpen"] = false;
     start();

@@ -70,9 +70,22 @@ TEST_F(Panel, NothingMovesWhileTheDrawerIsShut) {
     report("b", "waiting", R"(,"tool":"Bash")");
     watcher.change(paths.sessions());
     loop.advance(0.2);
+    EXPECT_THAT(order(), ElementsAre("a")); // what nobody sees isn't made
+    drawer.setOpen(true);
     EXPECT_THAT(order(), ElementsAre("b", "a"));
     EXPECT_FALSE(panel->list().isMoving());
     EXPECT_EQ(panel->list().flow().find("b")->y(), 12);
+}
+
+TEST_F(Panel, PointingAtASessionShowsItInACoveredDrawerToo) {
+    start();
+    drawer.setCovered(true);
+    report("a", "working");
+    watcher.change(paths.sessions());
+    loop.advance(0.2);
+    drawer.setHighlightedId("a");
+    ASSERT_THAT(order(), ElementsAre("a"));
+    EXPECT_TRUE(panel->list().cards().front()->row().highlighted);
 }
 
 TEST_F(Panel, CoveredDrawerStopsMovingAtOnce) {
@@ -91,11 +104,11 @@ TEST_F(Panel, KeepsNoTimerButTheStoresWhileNobodySeesIt) {
     start();
     const auto open = loop.timers();
     drawer.setOpen(false);
-    EXPECT_EQ(loop.timers(), open - 4); // the seconds', the pets', the border's and the particles'
+    EXPECT_EQ(loop.timers(), open - 2); // the seconds' and the frames'
     drawer.setOpen(true);
     EXPECT_EQ(loop.timers(), open);
     drawer.setCovered(true);
-    EXPECT_EQ(loop.timers(), open - 4);
+    EXPECT_EQ(loop.timers(), open - 2);
 }
 
 TEST_F(Panel, ElapsedTimeGoesOnEachSecond) {

@@ -26,6 +26,14 @@ TEST(WiggleOffset, BeginsAndEndsWithoutAJump) {
     EXPECT_EQ(wiggleOffset(2.1), 0);
 }
 
+TEST(NextWiggle, IsAFrameWhileItShakesAndElseTheNextShake) {
+    EXPECT_DOUBLE_EQ(nextWiggle(0), 1.0 / 30);
+    EXPECT_DOUBLE_EQ(nextWiggle(0.49), 1.0 / 30);
+    EXPECT_DOUBLE_EQ(nextWiggle(0.5), 1.7);
+    EXPECT_NEAR(nextWiggle(2.1), 0.1, 1e-9);
+    EXPECT_NEAR(nextWiggle(8.8 + 2), 0.2, 1e-9);
+}
+
 TEST(WiggleOffset, GoesBothWaysAndNeverFar) {
     double least = 0;
     double most = 0;

@@ -186,11 +186,13 @@ void DrawerWindows::showDrawer() {
     window_.show();
     parts_.windows.raise(drawerId());
     parts_.drawer.setCovered(false);
+    tab_.setCovered(false);
     watchCover(true);
 }
 
 void DrawerWindows::hideDrawer() {
     watchCover(false);
+    tab_.setCovered(false);
     window_.setTakesKeyboard(false);
     window_.hide();
 }
@@ -233,6 +235,7 @@ void DrawerWindows::watchCover(bool open) {
 void DrawerWindows::updateCovered() {
     if (parts_.drawer.isOpen()) {
         parts_.drawer.setCovered(parts_.windows.isCovered(drawerId(), {tabId()}));
+        tab_.setCovered(parts_.windows.isCovered(tabId(), {drawerId()}));
     }
 }
 

@@ -4,6 +4,7 @@
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Qt/Scheme.h"
 #include "Drawing/RasterCanvas.h"
+#include "PanelView/StretchedPicture.h"
 
 #include <QImage>
 #include <QPainter>
@@ -47,18 +48,23 @@ QRegion ring(const PetTheme& theme, const Backdrop::Form& form) {
     return region;
 }
 
-/// Draws the travelling border into pictures of its strips. Qt would fill the angular gradient with a pool of
-/// threads, whose waking and sleeping costs many times what the filling does.
-void drawTravellingBorder(QPainter& painter, const PetTheme& theme, const Backdrop::Form& form, double t) {
+struct Strip {
+    QRect place;
+    QImage image;
+};
+
+/// The travelling border as pictures of those of its strips that the region touches. Qt would fill the
+/// angular gradient with a pool of threads, whose waking and sleeping costs many times what the filling does.
+std::vector<Strip>
+travellingBorder(const QRegion& region, const PetTheme& theme, const Backdrop::Form& form, double t) {
     const Size size = sizeOf(form);
     const Path shape = edgePath(size, form.radius, theme.borderWidth);
+    std::vector<Strip> result;
     for (const QRect& strip : strips(theme, form)) {
-        if (strip.isEmpty()) {
+        if (!region.intersects(strip)) {
             continue;
         }
-        QImage image(strip.size() * form.pixelRatio, QImage::Format_ARGB32_Premultiplied);
-        image.setDevicePixelRatio(form.pixelRatio);
-        image.fill(Qt::transparent);
+        QImage image = clearPicture(strip.size(), form.pixelRatio);
         const Bitmap bitmap{
             reinterpret_cast<std::uint32_t*>(image.bits()), image.width(), image.height(),
             static_cast<int>(image.bytesPerLine() / 4)};
@@ -66,8 +72,9 @@ void drawTravellingBorder(QPainter& painter, const PetTheme& theme, const Backdr
         GraphicsContext context(canvas);
         context.translateBy(-strip.x(), -strip.y());
         drawBorder(context, shape, theme, size, t);
-        painter.drawImage(strip.topLeft(), image);
+        result.push_back({strip, image});
     }
+    return result;
 }
 
 QRegion regionOf(const std::vector<Rect>& areas) {
@@ -124,9 +131,10 @@ void Backdrop::draw(QPainter& painter, const QRegion& region, const PetTheme& th
     // Nothing lies beneath that would have to show through.
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     for (const QRect& part : region) {
-        const QRectF source(QPointF(part.topLeft()) * form.pixelRatio, QSizeF(part.size()) * form.pixelRatio);
-        painter.drawPixmap(QRectF(part), still_, source);
+        painter.setClipRect(part); // pictures are copied quickly only inside a plain rectangle
+        painter.drawPixmap(0, 0, still_);
     }
+    painter.setClipRegion(region);
     if (particles_ && region.intersects(regionOf(particleAreas(theme, *particles_, sizeOf(form))))) {
         // Particles leave the shape in its corners, where there is nothing for them to lie on.
         painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
@@ -135,8 +143,13 @@ void Backdrop::draw(QPainter& painter, const QRegion& region, const PetTheme& th
         drawParticles(context, theme, *particles_, sizeOf(form));
     }
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    if (theme.borderTravels && region.intersects(ring(theme, form))) {
-        drawTravellingBorder(painter, theme, form, border_);
+    if (theme.borderTravels) {
+        for (const auto& [place, image] : travellingBorder(region, theme, form, border_)) {
+            for (const QRect& part : region.intersected(place)) {
+                painter.setClipRect(part);
+                painter.drawImage(place.topLeft(), image);
+            }
+        }
     }
     painter.restore();
 }

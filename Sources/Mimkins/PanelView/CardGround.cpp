@@ -3,6 +3,7 @@
 #include "Base/Perf.h"
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Shapes.h"
+#include "PanelView/CardLook.h"
 #include "PanelView/Chip.h"
 #include "Presentation/Accent.h"
 #include "Presentation/MoodTint.h"

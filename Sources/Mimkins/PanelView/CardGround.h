@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PanelView/CardLook.h"
+#include "Drawing/Color.h"
 #include "Presentation/CardRow.h"
 
 #include <QPainter>
@@ -8,10 +8,14 @@
 
 namespace mimkins {
 
+struct CardLook;
+
 /// What of a card's ground depends on the moment.
 struct CardStates {
     bool hovering = false;
     bool focused = false;
+
+    friend bool operator==(const CardStates&, const CardStates&) = default;
 };
 
 /// Shadow, ground, stripe and border of a card.

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "PanelView/CardPlates.h"
 #include "PanelView/Typography.h"
 #include "Pet/PetLook.h"
 #include "Theme/PetTheme.h"
+
+#include <memory>
 
 namespace mimkins {
 
@@ -12,6 +15,8 @@ struct CardLook {
     Typography typography;
     double petPoints = 62;
     PetLook pets;
+    /// Of all cards with this look.
+    std::shared_ptr<CardPlates> plates = std::make_shared<CardPlates>();
 
     /// What colours are shown under that the theme leaves to the desktop.
     ColorScheme scheme() const { return theme->scheme.value_or(ColorScheme::dark); }

@@ -4,6 +4,7 @@
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/CardGround.h"
 #include "PanelView/CardToolTip.h"
+#include "PanelView/StretchedPicture.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/MoodTint.h"
 
@@ -19,6 +20,9 @@
 namespace mimkins {
 
 namespace {
+
+/// Around the pill, for the ring of the focus.
+constexpr double pillMargin = 3;
 
 QString elapsedText(Date since, Date now) {
     return qt::text(elapsed(now - since));
@@ -45,6 +49,7 @@ CardView::CardView(CardRow row, CardLook look, Date now)
 void CardView::setRow(const CardRow& row, Date now) {
     if (row_ != row) {
         row_ = row;
+        text_.reset();
         describe();
         refresh();
         startMoving();
@@ -77,6 +82,7 @@ void CardView::startMoving() {
 
 void CardView::setLook(const CardLook& look) {
     look_ = look;
+    text_.reset();
     describe();
     refresh();
 }
@@ -85,7 +91,9 @@ void CardView::setNow(Date now) {
     const QString words = elapsedText(row_.since, now);
     if (words != elapsed_) {
         elapsed_ = words;
-        refresh();
+        text_.reset();
+        groundIsOld_ = true;
+        update(onScreen(textArea()).toAlignedRect());
     }
 }
 
@@ -154,16 +162,32 @@ CardFrame CardView::frame() const {
 }
 
 double CardView::heightFor(double width) const {
-    const auto set = setCardText(row_, elapsed_, CardFrame::textWidth(width, look_), look_);
+    const auto& set = textFor(CardFrame::textWidth(width, look_));
     return std::ceil(std::max(set.height, look_.petPoints) + 2 * CardFrame::padding);
+}
+
+const CardText& CardView::textFor(double width) const {
+    if (!text_ || textWidth_ != width) {
+        text_ = setCardText(row_, elapsed_, width, look_);
+        textWidth_ = width;
+    }
+    return *text_;
 }
 
 QRectF CardView::crewRect() const {
     return row_.crew ? frame().crew(crew_.size()) : QRectF();
 }
 
-CardText CardView::text() const {
-    return setCardText(row_, elapsed_, frame().textWidth(), look_);
+const CardText& CardView::text() const {
+    return textFor(frame().textWidth());
+}
+
+/// All that is right of the pet.
+QRectF CardView::textArea() const {
+    const CardFrame frame = this->frame();
+    QRectF area = frame.card();
+    area.setLeft(frame.petSquare().right());
+    return area;
 }
 
 QRectF CardView::onScreen(const QRectF& rect) const {
@@ -175,7 +199,11 @@ GlowRing::Shape CardView::glowShape() const {
 }
 
 void CardView::placePill() {
-    const CardText set = text();
+    pill_->setVisible(row_.pill.has_value());
+    if (!row_.pill) {
+        return;
+    }
+    const CardText& set = text();
     if (const auto* placed = set.find(CardText::Badge::pill)) {
         pill_->setPicture(placed->chip, placed->rect.translated(frame().textCorner(set.height)));
         pill_->setGeometry(onScreen(pill_->place()).toAlignedRect());
@@ -189,7 +217,7 @@ void CardView::resizeEvent(QResizeEvent*) {
 
 QString CardView::toolTipAt(QPointF place) const {
     const CardFrame frame = this->frame();
-    const CardText set = text();
+    const CardText& set = text();
     const CardToolTipPlaces places{set, frame.textCorner(set.height), crewRect(), frame.card()};
     return cardToolTip(row_, places, frame.zoom(scale()).inverted().map(place));
 }
@@ -237,50 +265,78 @@ void CardView::paintEvent(QPaintEvent* event) {
         (atRest && groundScale_ != scale())) {
         drawGround();
     }
+    const CardFrame frame = this->frame();
+    const auto isSeen = [this, event](const QRectF& area) {
+        return event->region().intersects(onScreen(area).toAlignedRect());
+    };
+    const QImage* pet = nullptr;
+    if (isSeen(frame.petSquare())) {
+        pet = &pet_.at(moment_, look_.petPoints, devicePixelRatioF(), row_.pet, look_);
+    }
     QPainter painter(this);
     painter.setOpacity(opacity_);
-    const CardFrame frame = this->frame();
-    const QTransform moved = frame.zoom(scale() / groundScale_);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != groundScale_);
-    painter.setTransform(moved, true);
-    painter.drawPixmap(0, 0, ground_);
-    painter.setTransform(frame.zoom(scale()));
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != 1);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (row_.waiting) {
-        glow_.draw(painter, glowShape(), glowMoment_);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != 1 || scale() != groundScale_);
+    // Pictures are copied quickly only inside a plain rectangle.
+    for (const QRect& part : event->region()) {
+        painter.resetTransform();
+        painter.setClipRect(part);
+        drawPictures(painter, pet);
     }
+    painter.setClipping(false);
     if (row_.highlighted) {
-        painter.setOpacity(opacity_);
         drawHighlight(painter, frame.card(), look_); // over the glow of a card that waits
     }
-    pill_->draw(painter, opacity_, look_.theme->text.faded(0.85));
-    const bool petSeen = event->region().intersects(onScreen(frame.petSquare()).toAlignedRect());
-    if (petSeen) {
-        pet_.draw(painter, frame.petSquare().topLeft(), look_.petPoints, row_.pet, look_, moment_);
+    if (isSeen(pill_->place().adjusted(-pillMargin, -pillMargin, pillMargin, pillMargin))) {
+        pill_->draw(painter, opacity_, look_.theme->text.faded(0.85));
+        painter.setOpacity(opacity_);
     }
-    if (row_.crew && event->region().intersects(onScreen(crewRect()).toAlignedRect())) {
+    if (row_.crew && isSeen(crewRect())) {
         crew_.draw(painter, crewRect().topLeft(), glowMoment_);
     }
 }
 
+void CardView::drawPictures(QPainter& painter, const QImage* pet) {
+    const CardFrame frame = this->frame();
+    painter.setTransform(frame.zoom(scale() / groundScale_));
+    painter.drawImage(0, 0, ground_);
+    painter.setTransform(frame.zoom(scale()));
+    if (row_.waiting) {
+        glow_.draw(painter, glowShape(), glowMoment_);
+    }
+    if (pet != nullptr) {
+        painter.drawImage(frame.petSquare().topLeft(), *pet);
+    }
+}
+
+QImage CardView::plate(CardStates states) const {
+    if (groundScale_ == 1) {
+        return look_.plates->picture(
+            {size(), CardFrame::shadowRoom, devicePixelRatioF()}, row_, look_, states
+        );
+    }
+    QImage picture = clearPicture(size(), devicePixelRatioF());
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setTransform(frame().zoom(groundScale_));
+    drawCardGround(painter, frame().card(), row_, look_, states);
+    return picture;
+}
+
 void CardView::drawGround() {
     groundScale_ = scale();
-    ground_ = QPixmap(size() * devicePixelRatioF());
-    ground_.setDevicePixelRatio(devicePixelRatioF());
-    ground_.fill(Qt::transparent);
+    ground_ = plate({underMouse(), hasFocus()});
     QPainter painter(&ground_);
     painter.setRenderHint(QPainter::Antialiasing);
     const CardFrame frame = this->frame();
     painter.setTransform(frame.zoom(groundScale_));
-    const QRectF& card = frame.card();
-    drawCardGround(painter, card, row_, look_, {underMouse(), hasFocus()});
-    painter.setClipPath(roundedShape(card, look_.theme->radius));
     const Color& mood = tint(*look_.theme, row_.mood);
     if (look_.theme->pad) {
+        painter.setClipPath(roundedShape(frame.card(), look_.theme->radius));
         drawPetPad(painter, frame.petSquare(), mood);
+        painter.setClipping(false);
     }
-    const CardText set = text();
+    const CardText& set = text();
     drawCardText(painter, set, frame.textCorner(set.height), *look_.theme, mood);
     groundIsOld_ = false;
 }

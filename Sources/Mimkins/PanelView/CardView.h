@@ -12,7 +12,7 @@
 #include "Presentation/CardScale.h"
 
 #include <QAbstractButton>
-#include <QPixmap>
+#include <QImage>
 
 #include <functional>
 #include <optional>
@@ -61,7 +61,7 @@ public:
     double heightFor(double width) const;
 
     /// The words and badges as they are set for the present size.
-    CardText text() const;
+    const CardText& text() const;
 
     /// What the tool tip says at a place.
     QString toolTipAt(QPointF place) const;
@@ -77,6 +77,8 @@ protected:
 
 private:
     CardFrame frame() const;
+    const CardText& textFor(double width) const;
+    QRectF textArea() const;
     QRectF crewRect() const;
     QRectF onScreen(const QRectF& rect) const;
     GlowRing::Shape glowShape() const;
@@ -84,17 +86,21 @@ private:
     void describe();
     void startMoving();
     void placePill();
+    QImage plate(CardStates states) const;
     void drawGround();
+    void drawPictures(QPainter& painter, const QImage* pet);
 
     CardRow row_;
     CardLook look_;
     QString elapsed_;
+    mutable std::optional<CardText> text_; ///< as it was last set
+    mutable double textWidth_ = 0;         ///< that it was set for
     double opacity_ = 1;
     CardScale scale_;
     Date moment_;     ///< that the pet shows
     Date glowMoment_; ///< that glow and crew show
     CardPill* pill_;
-    QPixmap ground_; ///< all that stands still
+    QImage ground_; ///< all that stands still
     double groundScale_ = 1;
     bool groundIsOld_ = true;
     PetPicture pet_;

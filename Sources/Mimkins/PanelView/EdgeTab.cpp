@@ -30,7 +30,6 @@ constexpr double calmOpacity = 0.85;
 
 /// Between two frames, seconds.
 constexpr double glowInterval = 0.1;
-constexpr double wiggleInterval = 1.0 / 30;
 
 QString badgeText(std::int64_t count) {
     constexpr std::int64_t most = 99;
@@ -53,7 +52,12 @@ EdgeTab::EdgeTab(RunLoop& loop) : loop_(loop), theme_(PetTheme::nightSky()), typ
 void EdgeTab::setTheme(const PetTheme& theme) {
     theme_ = theme.resolved(systemScheme());
     typography_ = Typography(theme.font, 1); // the tab's size is fixed, and so is its text's
-    update();
+    redraw();
+}
+
+void EdgeTab::setCovered(bool covered) {
+    covered_ = covered;
+    keepTime();
 }
 
 void EdgeTab::setContent(const Content& content) {
@@ -63,11 +67,16 @@ void EdgeTab::setContent(const Content& content) {
     content_ = content;
     describe();
     keepTime();
+    redraw();
+}
+
+void EdgeTab::redraw() {
+    still_ = QPixmap();
     update();
 }
 
 void EdgeTab::keepTime() {
-    const bool wanted = content_.badge.blocked && isVisible();
+    const bool wanted = content_.badge.blocked && isVisible() && !covered_;
     const bool glows = wanted && !perf::off().contains("glow");
     const bool wiggles = wanted && content_.mayWiggle;
     if (!glows) {
@@ -80,7 +89,7 @@ void EdgeTab::keepTime() {
         wiggling_.reset();
         offset_ = 0;
     } else if (!wiggling_) {
-        wiggling_ = loop_.every(wiggleInterval, [this] { wiggle(); });
+        wiggle();
     }
 }
 
@@ -90,11 +99,13 @@ void EdgeTab::glow() {
 }
 
 void EdgeTab::wiggle() {
-    const double offset = wiggleOffset(animationTime(loop_.now()));
+    const double t = animationTime(loop_.now());
+    const double offset = wiggleOffset(t);
     if (offset_ != offset) {
         offset_ = offset;
         update();
     }
+    wiggling_ = loop_.after(nextWiggle(t), [this] { wiggle(); });
 }
 
 void EdgeTab::describe() {
@@ -106,7 +117,7 @@ void EdgeTab::describe() {
 
 bool EdgeTab::event(QEvent* event) {
     if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
-        update();
+        redraw();
     }
     const bool handled = QAbstractButton::event(event);
     if (event->type() == QEvent::Show || event->type() == QEvent::Hide) {
@@ -146,12 +157,13 @@ void EdgeTab::drawBadge(QPainter& painter, double middle, double top) const {
     painter.drawText(box, Qt::AlignCenter, words);
 }
 
-void EdgeTab::drawGlow(QPainter& painter) const {
-    constexpr double halfLine = 1;
+void EdgeTab::drawOutline(QPainter& painter) const {
+    constexpr double lineWidth = 2;
     PainterCanvas canvas(painter, systemScheme());
-    GraphicsContext context(canvas);
-    const Size size{static_cast<double>(width()), static_cast<double>(height())};
-    drawGlowFrame(context, edgePath(size, tabRadius, halfLine), {theme_.waiting, 0}, glowMoment_);
+    const Size whole{static_cast<double>(width()), static_cast<double>(height())};
+    GraphicsContext(canvas).stroke(
+        edgePath(whole, tabRadius, lineWidth / 2), theme_.waiting, StrokeStyle::plain(lineWidth)
+    );
 }
 
 void EdgeTab::drawColumn(QPainter& painter) const {
@@ -171,15 +183,45 @@ void EdgeTab::drawColumn(QPainter& painter) const {
     }
 }
 
-void EdgeTab::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
+void EdgeTab::drawStill(QPainter& painter) {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(offset_, 0);
     backdrop_.draw(painter, QRegion(rect()), theme_, {size(), tabRadius, devicePixelRatioF()});
-    if (content_.badge.blocked) {
-        drawGlow(painter);
-    }
     drawColumn(painter);
+}
+
+void EdgeTab::prepare() {
+    const double ratio = devicePixelRatioF();
+    if (!still_.isNull() && still_.devicePixelRatio() == ratio) {
+        return;
+    }
+    still_ = QPixmap(size() * ratio);
+    still_.setDevicePixelRatio(ratio);
+    still_.fill(Qt::transparent);
+    outline_ = still_.copy();
+    QPainter still(&still_);
+    drawStill(still);
+    QPainter outline(&outline_);
+    drawOutline(outline);
+}
+
+void EdgeTab::paintEvent(QPaintEvent*) {
+    prepare();
+    QPainter painter(this);
+    painter.translate(offset_, 0);
+    const bool shakes = offset_ != 0; // pictures would jump from pixel to pixel
+    if (shakes) {
+        drawStill(painter);
+    } else {
+        painter.drawPixmap(0, 0, still_);
+    }
+    if (content_.badge.blocked) {
+        painter.setOpacity(glowOpacity(glowMoment_));
+        if (shakes) {
+            drawOutline(painter);
+        } else {
+            painter.drawPixmap(0, 0, outline_);
+        }
+    }
 }
 
 } // namespace mimkins

@@ -7,6 +7,7 @@
 #include "Presentation/EdgeTabBadge.h"
 
 #include <QAbstractButton>
+#include <QPixmap>
 
 #include <functional>
 
@@ -32,6 +33,8 @@ public:
 
     void setContent(const Content& content);
     void setTheme(const PetTheme& theme);
+    /// While other windows hide it, it keeps still.
+    void setCovered(bool covered);
 
     /// The moment that the glow shows, in seconds since 1 January 2001.
     double glowMoment() const { return glowMoment_; }
@@ -46,10 +49,13 @@ protected:
 
 private:
     void describe();
+    void redraw();
     void keepTime();
     void glow();
     void wiggle();
-    void drawGlow(QPainter& painter) const;
+    void prepare();
+    void drawStill(QPainter& painter);
+    void drawOutline(QPainter& painter) const;
     void drawColumn(QPainter& painter) const;
     void drawChevron(QPainter& painter, const QRectF& box) const;
     void drawBadge(QPainter& painter, double middle, double top) const;
@@ -59,6 +65,9 @@ private:
     Typography typography_;
     Content content_;
     Backdrop backdrop_;
+    bool covered_ = false;
+    QPixmap still_;   ///< all but the glow, at its ordinary place
+    QPixmap outline_; ///< the glow at its strongest
     double glowMoment_ = 0;
     double offset_ = 0;
     Handle glowing_;

@@ -2,22 +2,27 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Shapes.h"
-#include "Pet/PetFrame.h"
+#include "PanelView/AnimationTime.h"
+#include "PanelView/StretchedPicture.h"
 #include "Theme/ThemeDrawing.h"
 
 #include <QPen>
 
+#include <algorithm>
 #include <cmath>
 
 namespace mimkins {
 
 namespace {
 
-QPixmap blank(QSize size, double ratio) {
-    QPixmap picture((QSizeF(size) * ratio).toSize());
-    picture.setDevicePixelRatio(ratio);
-    picture.fill(Qt::transparent);
-    return picture;
+/// The same ring around a card that is just high enough for its corners.
+GlowRing::Shape lowered(const GlowRing::Shape& shape) {
+    const double below = shape.size.height() - shape.card.bottom();
+    const double end = std::max(shape.card.top(), below) + shape.radius + GlowRing::blur;
+    GlowRing::Shape low = shape;
+    low.size.setHeight(2 * static_cast<int>(std::ceil(end)) + 1);
+    low.card.setBottom(low.size.height() - below);
+    return low;
 }
 
 void strokeInside(QPainter& painter, const GlowRing::Shape& shape, const QColor& color, double width) {
@@ -29,30 +34,42 @@ void strokeInside(QPainter& painter, const GlowRing::Shape& shape, const QColor&
 
 } // namespace
 
-void GlowRing::prepare(const Shape& shape, double ratio) {
-    if (shape == shape_ && outline_.devicePixelRatio() == ratio && !outline_.isNull()) {
-        return;
-    }
-    shape_ = shape;
-    outline_ = blank(shape.size, ratio);
-    QPainter outline(&outline_);
+GlowRing::Pictures GlowRing::drawn(const Shape& shape, double ratio) {
+    Pictures pictures{shape, clearPicture(shape.size, ratio), clearPicture(shape.size, ratio)};
+    QPainter outline(&pictures.outline);
     strokeInside(outline, shape, qt::color(shape.tint), 2);
-    light_ = blank(shape.size, ratio);
-    QPainter light(&light_);
+    QPainter light(&pictures.light);
     constexpr int layers = 12; // so many that no step is seen
     for (int layer = layers; layer > 0; --layer) {
         strokeInside(light, shape, qt::color(shape.tint.faded(1.4 / layers)), 2 + 2 * blur * layer / layers);
     }
+    return pictures;
+}
+
+void GlowRing::prepare(const Shape& shape, double ratio) {
+    if (shown_.isOf(shape, ratio)) {
+        return;
+    }
+    const Shape low = lowered(shape);
+    if (shape.size.height() <= low.size.height() || !canStretch(ratio)) {
+        shown_ = drawn(shape, ratio);
+        return;
+    }
+    if (!low_.isOf(low, ratio)) {
+        low_ = drawn(low, ratio);
+    }
+    const int height = shape.size.height() * static_cast<int>(ratio);
+    shown_ = {shape, stretched(low_.outline, height), stretched(low_.light, height)};
 }
 
 void GlowRing::draw(QPainter& painter, const Shape& shape, Date at) {
     prepare(shape, painter.device()->devicePixelRatio());
-    const double pulse = glowPulse(at.secondsSince1970 - animationReference);
+    const double t = animationTime(at);
     const double before = painter.opacity();
-    painter.setOpacity(before * (0.1 + 0.45 * pulse));
-    painter.drawPixmap(0, 0, light_);
-    painter.setOpacity(before * (0.4 + 0.55 * pulse));
-    painter.drawPixmap(0, 0, outline_);
+    painter.setOpacity(before * glowLightOpacity(t));
+    painter.drawImage(0, 0, shown_.light);
+    painter.setOpacity(before * glowOpacity(t));
+    painter.drawImage(0, 0, shown_.outline);
     painter.setOpacity(before);
 }
 

@@ -3,8 +3,8 @@
 #include "Base/Date.h"
 #include "Drawing/Color.h"
 
+#include <QImage>
 #include <QPainter>
-#include <QPixmap>
 #include <QRectF>
 #include <QRegion>
 
@@ -33,11 +33,21 @@ public:
     static QRegion region(const Shape& shape);
 
 private:
+    struct Pictures {
+        Shape shape;
+        QImage outline;
+        QImage light;
+
+        bool isOf(const Shape& wanted, double ratio) const {
+            return wanted == shape && outline.devicePixelRatio() == ratio;
+        }
+    };
+
+    static Pictures drawn(const Shape& shape, double ratio);
     void prepare(const Shape& shape, double ratio);
 
-    Shape shape_;
-    QPixmap outline_;
-    QPixmap light_;
+    Pictures low_; ///< as low as can be, for cards of all heights
+    Pictures shown_;
 };
 
 } // namespace mimkins

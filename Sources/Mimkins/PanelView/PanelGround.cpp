@@ -4,6 +4,8 @@
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/AnimationTime.h"
 
+#include <cmath>
+
 namespace mimkins {
 
 namespace {
@@ -12,53 +14,44 @@ namespace {
 constexpr double borderInterval = 1.0 / 12;
 constexpr double particleInterval = 0.1;
 
+bool isDue(double before, double now, double interval) {
+    return std::floor(before / interval) != std::floor(now / interval);
+}
+
 } // namespace
 
-PanelGround::PanelGround(QWidget& widget, RunLoop& loop, const PetTheme& theme)
-    : widget_(widget), loop_(loop), theme_(theme) {
-    themeChanged();
+PanelGround::PanelGround(QWidget& widget, const PetTheme& theme, Date now) : widget_(widget), theme_(theme) {
+    themeChanged(now);
 }
 
 Backdrop::Form PanelGround::form() const {
     return {widget_.size(), drawerRadius, widget_.devicePixelRatioF()};
 }
 
-double PanelGround::now() const {
-    return animationTime(loop_.now());
-}
-
 void PanelGround::draw(QPainter& painter, const QRegion& region) {
     backdrop_.draw(painter, region, theme_, form());
 }
 
-void PanelGround::themeChanged() {
-    backdrop_.moveBorder(theme_, form(), now());
-    backdrop_.moveParticles(theme_, form(), now());
-    border_.reset();
-    particles_.reset();
-    keepTime();
+void PanelGround::themeChanged(Date now) {
+    backdrop_.moveBorder(theme_, form(), animationTime(now));
+    backdrop_.moveParticles(theme_, form(), animationTime(now));
 }
 
-void PanelGround::setPaused(bool paused) {
-    paused_ = paused;
-    keepTime();
+bool PanelGround::moves() const {
+    return (theme_.borderTravels || theme_.particles != Particles::none) && !perf::off().contains("ambient");
 }
 
-void PanelGround::keepTime() {
-    if (paused_ || perf::off().contains("ambient")) {
-        border_.reset();
-        particles_.reset();
+void PanelGround::animate(Date now) {
+    if (!moves()) {
         return;
     }
-    if (theme_.borderTravels && !border_) {
-        border_ = loop_.every(borderInterval, [this] {
-            widget_.update(backdrop_.moveBorder(theme_, form(), now()));
-        });
+    const double t = animationTime(now);
+    if (theme_.borderTravels && isDue(backdrop_.borderMoment(), t, borderInterval)) {
+        widget_.update(backdrop_.moveBorder(theme_, form(), t));
     }
-    if (theme_.particles != Particles::none && !particles_) {
-        particles_ = loop_.every(particleInterval, [this] {
-            widget_.update(backdrop_.moveParticles(theme_, form(), now()));
-        });
+    if (theme_.particles != Particles::none &&
+        isDue(backdrop_.particleMoment().value_or(0), t, particleInterval)) {
+        widget_.update(backdrop_.moveParticles(theme_, form(), t));
     }
 }
 

@@ -1,39 +1,32 @@
 #pragma once
 
-#include "Base/Handle.h"
+#include "Base/Date.h"
 #include "PanelView/Backdrop.h"
-#include "Platform/RunLoop.h"
 
 #include <QWidget>
 
 namespace mimkins {
 
-/// What lies behind everything in the drawer. Its moving parts have the widget drawn again where they are,
-/// and only while somebody can see it.
+/// What lies behind everything in the drawer. Its moving parts have the widget drawn again where they are.
 class PanelGround {
 public:
-    /// All outlive this; the theme may change behind the reference, which `themeChanged` then tells.
-    PanelGround(QWidget& widget, RunLoop& loop, const PetTheme& theme);
+    /// Both outlive this; the theme may change behind the reference, which `themeChanged` then tells.
+    PanelGround(QWidget& widget, const PetTheme& theme, Date now);
 
     void draw(QPainter& painter, const QRegion& region);
-    void themeChanged();
-    /// While paused, what moves stands where it is.
-    void setPaused(bool paused);
+    void themeChanged(Date now);
+    /// True if anything in it moves.
+    bool moves() const;
+    /// Moves on what is due: each part has a pace of its own, slower than that of the frames.
+    void animate(Date now);
 
     const Backdrop& backdrop() const { return backdrop_; }
 
 private:
     Backdrop::Form form() const;
-    double now() const;
-    void keepTime();
-
     QWidget& widget_;
-    RunLoop& loop_;
     const PetTheme& theme_;
     Backdrop backdrop_;
-    bool paused_ = true;
-    Handle border_;
-    Handle particles_;
 };
 
 } // namespace mimkins

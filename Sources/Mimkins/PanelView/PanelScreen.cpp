@@ -1,21 +1,18 @@
 #include "PanelView/PanelScreen.h"
 
-#include "PanelView/ScrollBarStyle.h"
-
-#include <QScrollBar>
-
 namespace mimkins {
 
-PanelScreen::PanelScreen() {
+PanelScreen::PanelScreen() : bar_(new ThinScrollBar) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
+    setVerticalScrollBar(bar_);
     setWidgetResizable(true);
     viewport()->setAutoFillBackground(false);
 }
 
 void PanelScreen::setLook(const CardLook& look) {
-    verticalScrollBar()->setStyleSheet(scrollBarStyle(*look.theme));
+    bar_->setTheme(*look.theme);
 }
 
 } // namespace mimkins

@@ -2,6 +2,7 @@
 
 #include "Base/Date.h"
 #include "PanelView/CardLook.h"
+#include "PanelView/ThinScrollBar.h"
 
 #include <QScrollArea>
 
@@ -18,6 +19,9 @@ public:
 
     /// Shows what moves as it is at a moment. Called for each frame in which somebody can see the screen.
     virtual void animate(Date) {}
+
+private:
+    ThinScrollBar* bar_;
 };
 
 } // namespace mimkins

@@ -39,7 +39,7 @@ PanelView::PanelView(Parts parts, PanelSettings settings)
     : parts_(parts), settings_(std::move(settings)), theme_(shownTheme(settings_.themeId)),
       header_(new PanelHeader), list_(new SessionList(look())), empty_(new EmptyState),
       sweep_(new SweepView(look())), fade_(new ScreenFade), confetti_(new Confetti(this, parts_.loop)),
-      ground_(*this, parts_.loop, theme_) {
+      ground_(*this, theme_, parts_.loop.now()) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -66,7 +66,7 @@ PanelView::PanelView(Parts parts, PanelSettings settings)
     setAccessibleName("Mimkins");
     confetti_->setParty(settings_.motion.party);
     list_->setPaused(true); // the first list stands there at once
-    showSessions();
+    presentSessions();
     followDrawer();
 }
 
@@ -99,7 +99,7 @@ void PanelView::setSettings(const PanelSettings& settings) {
         screen->setLook(look());
     }
     list_->setLook(look());
-    ground_.themeChanged();
+    ground_.themeChanged(parts_.loop.now());
     confetti_->setParty(settings_.motion.party);
     list_->setQuickPrompts(settings_.quickPrompts);
     showSessions();
@@ -118,6 +118,15 @@ CardContext PanelView::cardContext(const std::string& id) const {
 }
 
 void PanelView::showSessions() {
+    // What nobody sees is made once somebody looks.
+    isStale_ = parts_.drawer.animationsPaused();
+    if (!isStale_) {
+        presentSessions();
+    }
+}
+
+void PanelView::presentSessions() {
+    isStale_ = false;
     const auto& sessions = parts_.store.sessions();
     std::vector<CardRow> rows;
     rows.reserve(sessions.size());
@@ -190,7 +199,9 @@ void PanelView::changeScreen() {
 }
 
 void PanelView::followDrawer() {
-    ground_.setPaused(parts_.drawer.animationsPaused());
+    if (isStale_ && !parts_.drawer.animationsPaused()) {
+        presentSessions(); // before anything may move, so that the list stands there at once
+    }
     confetti_->setPaused(parts_.drawer.animationsPaused());
     list_->setPaused(parts_.drawer.animationsPaused());
     const auto spins = !parts_.drawer.animationsPaused();
@@ -198,7 +209,7 @@ void PanelView::followDrawer() {
     changeScreen();
     if (highlighted_ != parts_.drawer.highlightedId()) {
         highlighted_ = parts_.drawer.highlightedId();
-        showSessions();
+        presentSessions();
         if (highlighted_) {
             list_->glideTo(*highlighted_);
         }
@@ -207,16 +218,17 @@ void PanelView::followDrawer() {
 }
 
 void PanelView::keepTime() {
+    const bool seen = !parts_.drawer.animationsPaused();
     const bool empty = screen() == empty_;
-    const bool needed = !parts_.drawer.animationsPaused() && !empty;
-    if (!needed) {
+    if (!seen || empty) {
         beat_.reset();
-        frames_.reset();
-        return;
-    }
-    if (!beat_) {
+    } else if (!beat_) {
         beat();
         beat_ = parts_.loop.every(1.0, [this] { beat(); });
+    }
+    if (!seen || (empty && !ground_.moves())) {
+        frames_.reset();
+    } else if (!frames_) {
         frames_ = parts_.loop.every(frameSeconds, [this] { animate(); });
     }
 }
@@ -228,6 +240,7 @@ void PanelView::beat() {
 
 void PanelView::animate() {
     const Date now = parts_.loop.now();
+    ground_.animate(now);
     header_->setNow(now);
     if (mode_ == DrawerMode::sweep) {
         sweep_->animate(now);

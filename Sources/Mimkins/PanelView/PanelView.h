@@ -70,6 +70,7 @@ protected:
 
 private:
     void showSessions();
+    void presentSessions();
     void showSweep();
     void showScreen();
     void changeScreen();
@@ -98,6 +99,7 @@ private:
     Confetti* confetti_;
     PanelGround ground_;
     std::optional<std::string> highlighted_;
+    bool isStale_ = false; ///< the sessions have changed while nobody could see them
     sigc::connection sessionsConnection_;
     sigc::connection sweepConnection_;
     sigc::connection subtasksConnection_;

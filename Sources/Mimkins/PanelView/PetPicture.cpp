@@ -8,23 +8,27 @@
 
 namespace mimkins {
 
-void PetPicture::draw(
-    QPainter& painter, QPointF topLeft, double side, const Pet& pet, const CardLook& look, Date at
-) {
-    const double ratio = painter.device()->devicePixelRatio();
-    const int pixels = static_cast<int>(std::lround(side * ratio));
+const QImage&
+PetPicture::at(Date moment, double side, double pixelRatio, const Pet& pet, const CardLook& look) {
+    const int pixels = static_cast<int>(std::lround(side * pixelRatio));
     if (image_.width() != pixels) {
         image_ = QImage(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     }
-    image_.setDevicePixelRatio(ratio);
+    image_.setDevicePixelRatio(pixelRatio);
     image_.fill(Qt::transparent);
     const Bitmap bitmap{
         reinterpret_cast<std::uint32_t*>(image_.bits()), pixels, pixels,
         static_cast<int>(image_.bytesPerLine() / 4)};
-    RasterCanvas canvas(bitmap, ratio, look.scheme(), &QtGlyphOutlines::shared());
-    PetPainter painted(GraphicsContext(canvas), side, side, petFrame(pet, look.pets, at));
+    RasterCanvas canvas(bitmap, pixelRatio, look.scheme(), &QtGlyphOutlines::shared());
+    PetPainter painted(GraphicsContext(canvas), side, side, petFrame(pet, look.pets, moment));
     painted.draw(actionOnStage(pet, look.pets));
-    painter.drawImage(topLeft, image_);
+    return image_;
+}
+
+void PetPicture::draw(
+    QPainter& painter, QPointF topLeft, double side, const Pet& pet, const CardLook& look, Date moment
+) {
+    painter.drawImage(topLeft, at(moment, side, painter.device()->devicePixelRatio(), pet, look));
 }
 
 bool isCalm(const Pet& pet, const CardLook& look) {

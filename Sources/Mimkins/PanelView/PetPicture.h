@@ -12,8 +12,11 @@ namespace mimkins {
 /// Draws a pet, frame after frame, with memory that is taken once.
 class PetPicture {
 public:
+    /// The pet as it is at a moment, in a square of this side. The picture lasts until the next call.
+    const QImage& at(Date moment, double side, double pixelRatio, const Pet& pet, const CardLook& look);
     /// Draws the pet as it is at a moment in a square with this corner.
-    void draw(QPainter& painter, QPointF topLeft, double side, const Pet& pet, const CardLook& look, Date at);
+    void
+    draw(QPainter& painter, QPointF topLeft, double side, const Pet& pet, const CardLook& look, Date moment);
 
 private:
     QImage image_;

@@ -3,10 +3,8 @@
 #include "Drawing/Qt/Conversions.h"
 #include "PanelView/AccessibleRole.h"
 #include "PanelView/CardMenuView.h"
-#include "PanelView/ScrollBarStyle.h"
 
 #include <QResizeEvent>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <cmath>
@@ -15,15 +13,16 @@
 namespace mimkins {
 
 SessionList::SessionList(CardLook look)
-    : look_(std::move(look)), canvas_(new QWidget), scroll_(*verticalScrollBar()),
+    : look_(std::move(look)), canvas_(new QWidget), bar_(new ThinScrollBar), scroll_(*bar_),
       clock_([this](double seconds) { return step(seconds); }) {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
+    setVerticalScrollBar(bar_);
     setWidget(canvas_);
     canvas_->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
-    verticalScrollBar()->setStyleSheet(scrollBarStyle(*look_.theme));
+    bar_->setTheme(*look_.theme);
     setAccessibleRole(*canvas_, QAccessible::List);
     canvas_->setAccessibleName("Sessions");
 }
@@ -108,7 +107,7 @@ void SessionList::setRows(const std::vector<CardRow>& rows, Date now) {
 
 void SessionList::setLook(const CardLook& look) {
     look_ = look;
-    verticalScrollBar()->setStyleSheet(scrollBarStyle(*look_.theme));
+    bar_->setTheme(*look_.theme);
     for (auto& [id, entry] : entries_) {
         entry.setLook(look_);
     }

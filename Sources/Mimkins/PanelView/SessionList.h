@@ -5,6 +5,7 @@
 #include "PanelView/FrameClock.h"
 #include "PanelView/GentleScroll.h"
 #include "PanelView/SessionEntry.h"
+#include "PanelView/ThinScrollBar.h"
 #include "Presentation/CardFlow.h"
 #include "Presentation/CardMenu.h"
 
@@ -90,6 +91,7 @@ private:
     CardLook look_;
     CardFlow flow_;
     QWidget* canvas_;
+    ThinScrollBar* bar_;
     std::map<std::string, SessionEntry> entries_;
     std::vector<std::string> order_;
     std::vector<QuickPrompt> quickPrompts_;

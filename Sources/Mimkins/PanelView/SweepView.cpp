@@ -1,10 +1,8 @@
 #include "PanelView/SweepView.h"
 
 #include "Drawing/Qt/Conversions.h"
-#include "PanelView/ScrollBarStyle.h"
 
 #include <QHBoxLayout>
-#include <QScrollBar>
 
 #include <algorithm>
 #include <utility>
@@ -29,7 +27,8 @@ QLabel* label(const QString& words, const CardLook& look, double points) {
 
 } // namespace
 
-SweepView::SweepView(CardLook look) : look_(std::move(look)) {
+SweepView::SweepView(CardLook look) : look_(std::move(look)), bar_(new ThinScrollBar) {
+    setVerticalScrollBar(bar_);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
@@ -100,7 +99,7 @@ void SweepView::rebuild(Date now) {
     }
     setWidget(canvas);
     canvas->setAutoFillBackground(false);
-    verticalScrollBar()->setStyleSheet(scrollBarStyle(*look_.theme));
+    bar_->setTheme(*look_.theme);
     showWords();
 }
 

@@ -2,6 +2,7 @@
 
 #include "PanelView/AllClearView.h"
 #include "PanelView/SweepParts.h"
+#include "PanelView/ThinScrollBar.h"
 
 #include <QLabel>
 #include <QScrollArea>
@@ -51,6 +52,7 @@ private:
     void showWords();
 
     CardLook look_;
+    ThinScrollBar* bar_;
     std::optional<SweepWords> words_;
     bool sweeping_ = false;
     QVBoxLayout* column_ = nullptr;

@@ -160,17 +160,24 @@ double glowPulse(double t) {
     return (std::sin(3.5 * t) + 1) * 0.5;
 }
 
+double glowOpacity(double t) {
+    return 0.4 + 0.55 * glowPulse(t);
+}
+
+double glowLightOpacity(double t) {
+    return 0.1 + 0.45 * glowPulse(t);
+}
+
 void drawGlowFrame(GraphicsContext& context, const Path& shape, const GlowFrame& frame, double t) {
-    const double pulse = glowPulse(t);
     if (frame.blur > 0) {
         // Light that fades outwards, as lines laid over each other: the widest lies farthest out.
         constexpr int layers = 4;
-        const Color light = frame.tint.faded((0.1 + 0.45 * pulse) / layers);
+        const Color light = frame.tint.faded(glowLightOpacity(t) / layers);
         for (int layer = layers; layer > 0; --layer) {
             context.stroke(shape, light, StrokeStyle::round(2 + 2 * frame.blur * layer / layers));
         }
     }
-    context.stroke(shape, frame.tint.faded(0.4 + 0.55 * pulse), StrokeStyle::plain(2));
+    context.stroke(shape, frame.tint.faded(glowOpacity(t)), StrokeStyle::plain(2));
 }
 
 } // namespace mimkins

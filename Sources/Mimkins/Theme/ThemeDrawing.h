@@ -50,6 +50,10 @@ std::vector<Rect> confettiAreas(double t, Size size);
 /// How bright the outline of whoever waits glows at a moment, from 0 to 1.
 double glowPulse(double t);
 
+/// How opaque that outline is, and the light around it.
+double glowOpacity(double t);
+double glowLightOpacity(double t);
+
 struct GlowFrame {
     Color tint;
     double blur = 0; ///< radius of the light around the outline; none for 0

@@ -3,6 +3,8 @@
 #include "AppIcon/AppIcon.h"
 #include "Drawing/Qt/Conversions.h"
 
+#include <QTransform>
+
 namespace mimkins {
 
 namespace {
@@ -44,18 +46,17 @@ QPainterPath edgeShape(const QRectF& rect, double radius) {
     return qt::path(Path::leftRoundedRect(qt::rect(rect), radius));
 }
 
-QPainterPath appIconPath(const QRectF& square) {
+namespace {
+
+QPainterPath iconPath() {
     QPainterPath filled;
     QPainterPath holes;
-    const double scale = square.width() / app_icon::side;
     for (const auto& piece : app_icon::menuBarImage) {
         const Rect& rect = piece.rect;
-        const QRectF placed(
-            square.left() + rect.x * scale, square.top() + (app_icon::side - rect.maxY()) * scale,
-            rect.width * scale, rect.height * scale
-        );
         QPainterPath part;
-        part.addRoundedRect(placed, piece.radius * scale, piece.radius * scale);
+        part.addRoundedRect(
+            QRectF(rect.x, app_icon::side - rect.maxY(), rect.width, rect.height), piece.radius, piece.radius
+        );
         if (piece.ink == app_icon::Ink::fill) {
             filled = filled.united(part);
         } else {
@@ -63,6 +64,14 @@ QPainterPath appIconPath(const QRectF& square) {
         }
     }
     return filled.subtracted(holes);
+}
+
+} // namespace
+
+QPainterPath appIconPath(const QRectF& square) {
+    static const QPainterPath path = iconPath(); // cutting paths out of each other takes long
+    const double scale = square.width() / app_icon::side;
+    return QTransform(scale, 0, 0, scale, square.left(), square.top()).map(path);
 }
 
 } // namespace mimkins
