@@ -195,14 +195,14 @@ TEST_F(Tab, RepliesAloneNeitherGlowNorShake) {
     EXPECT_EQ(loop.timers(), 0U);
     EXPECT_FALSE(glows());
     EXPECT_FALSE(wiggles());
-    EXPECT_EQ(tab.accessibleDescription(), "3");
+    EXPECT_EQ(tab.accessibleDescription(), "3 new replies");
 }
 
 TEST_F(Tab, BlockedSessionsGlowAndShake) {
     show({blocked, true, true});
     EXPECT_TRUE(glows());
     EXPECT_TRUE(wiggles());
-    EXPECT_EQ(tab.accessibleDescription(), "2");
+    EXPECT_EQ(tab.accessibleDescription(), "2 waiting on you");
 }
 
 TEST_F(Tab, WithoutTheSettingTheGlowStays) {

@@ -1,4 +1,5 @@
 #include "Interface/PanelFixture.h"
+#include "Presentation/Accent.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>

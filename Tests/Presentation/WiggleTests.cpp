@@ -32,6 +32,7 @@ TEST(NextWiggle, IsAFrameWhileItShakesAndElseTheNextShake) {
     EXPECT_DOUBLE_EQ(nextWiggle(0.5), 1.7);
     EXPECT_NEAR(nextWiggle(2.1), 0.1, 1e-9);
     EXPECT_NEAR(nextWiggle(8.8 + 2), 0.2, 1e-9);
+    EXPECT_DOUBLE_EQ(nextWiggle(std::nextafter(2.2, 0)), 1.0 / 30);
 }
 
 TEST(WiggleOffset, GoesBothWaysAndNeverFar) {

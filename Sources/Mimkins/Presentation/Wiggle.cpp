@@ -23,7 +23,8 @@ double wiggleOffset(double t) {
 
 double nextWiggle(double t) {
     const double since = sinceStart(t);
-    return since < length ? frame : cycle - since;
+    // Never less than a frame: what is left of a cycle can be too little to move a clock on.
+    return since < length ? frame : std::fmax(cycle - since, frame);
 }
 
 } // namespace mimkins
