@@ -37,9 +37,8 @@ QFont Segment::wordsFont() const {
 }
 
 QSize Segment::sizeHint() const {
-    const QFont font = wordsFont();
-    const int height = QFontMetrics(font).height() + controls::scaled(look_, 2 * paddingY);
-    return {controls::widthOf(text(), font) + controls::scaled(look_, 2 * paddingX), height};
+    const int width = controls::widthOf(text(), wordsFont()) + controls::scaled(look_, 2 * paddingX);
+    return {width, heightForWidth(width)};
 }
 
 QSize Segment::minimumSizeHint() const {
