@@ -42,8 +42,8 @@ QFont CapsuleButton::titleFont() const {
 QSize CapsuleButton::sizeHint() const {
     const int height = std::max(QFontMetrics(titleFont()).height(), controls::scaled(look_, symbolPoints));
     return {
-        controls::widthOf(text(), titleFont()) +
-            controls::scaled(look_, symbolPoints + spacing + 2 * paddingX),
+        controls::widthOf(text(), titleFont()) + controls::scaled(look_, symbolPoints + spacing) +
+            static_cast<int>(2 * paddingX),
         height + static_cast<int>(2 * paddingY)};
 }
 

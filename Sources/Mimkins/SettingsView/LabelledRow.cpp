@@ -117,7 +117,8 @@ void LabelledRow::arrange() {
     if (hint_ != nullptr) {
         hint_->setGeometry(geometry.hint.translated(0, top));
     }
-    control_->setGeometry(geometry.control.translated(0, top).adjusted(-bleed_, 0, bleed_, 0));
+    const int left = std::min(bleed_, geometry.control.left()); // nothing shows beyond the row
+    control_->setGeometry(geometry.control.translated(0, top).adjusted(-left, 0, bleed_, 0));
 }
 
 void LabelledRow::resizeEvent(QResizeEvent* event) {

@@ -16,6 +16,7 @@ constexpr double wordsPoints = 11;
 constexpr double paddingX = 6;
 constexpr double paddingY = 4;
 constexpr int inset = 2; ///< of the segments in their track
+constexpr int wrappedWords = static_cast<int>(Qt::AlignCenter) | static_cast<int>(Qt::TextWordWrap);
 
 } // namespace
 
@@ -36,13 +37,24 @@ QFont Segment::wordsFont() const {
 }
 
 QSize Segment::sizeHint() const {
-    const QFont font = wordsFont();
-    const int height = QFontMetrics(font).height() + controls::scaled(look_, 2 * paddingY);
-    return {controls::widthOf(text(), font) + controls::scaled(look_, 2 * paddingX), height};
+    const int width = controls::widthOf(text(), wordsFont()) + controls::scaled(look_, 2 * paddingX);
+    return {width, heightForWidth(width)};
 }
 
 QSize Segment::minimumSizeHint() const {
-    return sizeHint();
+    int width = 0;
+    for (const auto& word : text().split(' ')) {
+        width = std::max(width, controls::widthOf(word, wordsFont()));
+    }
+    return {width + controls::scaled(look_, 2 * paddingX), sizeHint().height()};
+}
+
+int Segment::heightForWidth(int width) const {
+    constexpr int unlimited = 10'000;
+    const int room = std::max(width - controls::scaled(look_, 2 * paddingX), 1);
+    const QRect words =
+        QFontMetrics(wordsFont()).boundingRect(QRect(0, 0, room, unlimited), wrappedWords, text());
+    return words.height() + controls::scaled(look_, 2 * paddingY);
 }
 
 void Segment::keyPressEvent(QKeyEvent* event) {
@@ -80,7 +92,8 @@ void Segment::paintEvent(QPaintEvent*) {
     }
     painter.setFont(wordsFont());
     painter.setPen(isChecked() ? controls::inkOnAccent(look_) : qt::color(look_.theme->text));
-    painter.drawText(area, Qt::AlignCenter | Qt::TextSingleLine, text());
+    const double padding = controls::scaled(look_, paddingX) - 1;
+    painter.drawText(area.adjusted(padding, 0, -padding, 0), wrappedWords, text());
 }
 
 SegmentedPicker::SegmentedPicker(const std::vector<std::string_view>& options)
@@ -138,35 +151,42 @@ int SegmentedPicker::naturalWidth() const {
     return width;
 }
 
-int SegmentedPicker::segmentHeight() const {
-    return segments_.front()->sizeHint().height();
-}
-
 QSize SegmentedPicker::sizeHint() const {
-    return {naturalWidth(), segmentHeight() + 2 * inset};
+    return {naturalWidth(), segments_.front()->sizeHint().height() + 2 * inset};
 }
 
 QSize SegmentedPicker::minimumSizeHint() const {
     int width = 0;
     for (const auto* segment : segments_) {
-        width = std::max(width, segment->sizeHint().width());
+        width = std::max(width, segment->minimumSizeHint().width());
     }
-    return {width + 2 * inset, segmentHeight() + 2 * inset};
+    return {width + 2 * inset, sizeHint().height()};
 }
 
 int SegmentedPicker::heightForWidth(int width) const {
-    const auto rows = width >= naturalWidth() ? 1 : static_cast<int>(segments_.size());
-    return rows * segmentHeight() + 2 * inset;
+    if (width >= naturalWidth()) {
+        return sizeHint().height();
+    }
+    int height = 2 * inset;
+    for (const auto* segment : segments_) {
+        height += segment->heightForWidth(width - 2 * inset);
+    }
+    return height;
+}
+
+void SegmentedPicker::arrangeInAColumn() {
+    int top = inset;
+    for (auto* segment : segments_) {
+        const int height = segment->heightForWidth(width() - 2 * inset);
+        segment->setGeometry(inset, top, width() - 2 * inset, height);
+        top += height;
+    }
 }
 
 void SegmentedPicker::arrange() {
     const auto count = static_cast<int>(segments_.size());
     if (width() < naturalWidth()) {
-        int top = inset;
-        for (auto* segment : segments_) {
-            segment->setGeometry(inset, top, width() - 2 * inset, segmentHeight());
-            top += segmentHeight();
-        }
+        arrangeInAColumn();
         return;
     }
     const int spare = width() - naturalWidth();

@@ -21,7 +21,12 @@ public:
 
     void setLook(const CardLook& look);
 
+    bool hasHeightForWidth() const override { return true; }
+
+    int heightForWidth(int width) const override;
+    /// On one line.
     QSize sizeHint() const override;
+    /// With room for the longest word.
     QSize minimumSizeHint() const override;
 
 protected:
@@ -68,8 +73,8 @@ protected:
 
 private:
     int naturalWidth() const;
-    int segmentHeight() const;
     void arrange();
+    void arrangeInAColumn();
     void step(int by);
 
     std::vector<Segment*> segments_;

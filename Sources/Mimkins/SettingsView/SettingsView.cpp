@@ -14,7 +14,7 @@ SettingsView::SettingsView(const SettingsParts& parts, const CardLook& look)
     setWidget(content_);
     content_->setAutoFillBackground(false);
     content_->setScrollBarRoom(scrollBarWidth);
-    setLook(look);
+    PanelScreen::setLook(look);
 }
 
 void SettingsView::setLook(const CardLook& look) {
