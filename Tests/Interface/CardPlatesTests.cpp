@@ -94,11 +94,11 @@ QImage ring(GlowRing& glow, int height) {
 
 TEST(GlowRing, KeepsItsCornersAtEveryHeight) {
     GlowRing glow;
-    const QImage low = ring(glow, 60);
+    const QImage low = ring(glow, 77);
     const QImage high = ring(glow, 200);
     ASSERT_EQ(high.height(), 200);
-    EXPECT_EQ(low.copy(0, 0, 340, 28), high.copy(0, 0, 340, 28));
-    EXPECT_EQ(low.copy(0, 60 - 28, 340, 28), high.copy(0, 200 - 28, 340, 28));
+    EXPECT_EQ(low.copy(0, 0, 340, 38), high.copy(0, 0, 340, 38));
+    EXPECT_EQ(low.copy(0, 77 - 38, 340, 38), high.copy(0, 200 - 38, 340, 38));
     EXPECT_GT(qAlpha(high.pixel(room, 100)), 0);
     EXPECT_EQ(qAlpha(high.pixel(170, 100)), 0);
 }

@@ -370,6 +370,7 @@ TEST(SubtaskListView, FinishedOnesStandBehindAButton) {
 TEST(SubtaskListView, FinishedOnesFadeWithTheRoomTheyHave) {
     SubtaskListView list(nightLook());
     list.setRows(rowsOf(1, 2), Date{0});
+    list.show(); // only what is shown is told of its size at once
     const auto fit = [&list](double share, double shut, double open) {
         list.resize(300, static_cast<int>(std::lround(shut + (open - shut) * share)));
     };

@@ -312,10 +312,10 @@ TEST(SummaryLabel, SaysWhatThereIsRoomFor) {
     label.setAttribute(Qt::WA_TranslucentBackground);
     EXPECT_EQ(drawnWidth(whole), whole);
     EXPECT_EQ(drawnWidth(whole + 40), whole);
-    const int two = drawnWidth(whole - 1); // "5 waiting"
+    const int two = drawnWidth(whole - 2); // "5 waiting"
     EXPECT_LT(two, whole - 20);
     EXPECT_EQ(drawnWidth(two), two);
-    EXPECT_LT(drawnWidth(two - 1), two - 20); // "5"
+    EXPECT_LT(drawnWidth(two - 2), two - 20); // "5"
     EXPECT_EQ(label.text(), "5 waiting on you");
 }
 

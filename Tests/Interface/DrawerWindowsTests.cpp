@@ -229,7 +229,7 @@ TEST_F(Windows, TabSaysWhatAClickDoes) {
     start();
     windows->tab().setContent({{true, 3}, false});
     EXPECT_EQ(windows->tab().toolTip(), "Show Mimkins");
-    EXPECT_EQ(windows->tab().accessibleDescription(), "3");
+    EXPECT_EQ(windows->tab().accessibleDescription(), "3 waiting on you");
     windows->tab().setContent({{false, 0}, true});
     EXPECT_EQ(windows->tab().accessibleName(), "Hide Mimkins");
 }

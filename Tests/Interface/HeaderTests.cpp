@@ -57,11 +57,15 @@ TEST(PanelHeaderTest, NothingOverlapsWhateverTheFont) {
         const PetTheme plain = theme.resolved(ColorScheme::dark);
         for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
             for (const int width : {280, 320, 380}) {
-                PanelHeader header;
+                QWidget panel;
+                auto& header = *new PanelHeader;
+                header.setParent(&panel);
                 header.setLook(plain, Typography(plain.font, scale));
                 header.present(DrawerMode::pets, {SummaryKind::waiting, "128 waiting on you"});
-                header.resize(width, 80);
-                header.show();
+                header.setGeometry(0, 0, width, 80);
+                panel.resize(width, 80);
+                panel.show();
+                QCoreApplication::processEvents();
                 SCOPED_TRACE(testing::Message() << theme.id << " at " << scale << " in " << width);
                 const auto left = header.titleLabel().geometry();
                 const auto middle = header.moon().geometry();

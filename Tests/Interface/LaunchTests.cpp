@@ -56,7 +56,14 @@ protected:
         HookInstaller(paths, bundledHookScript(), files).connect();
     }
 
-    SetupView* setup() const { return application->panel()->findChild<SetupView*>(); }
+    SetupView* setup() const {
+        for (auto* widget : application->panel()->findChildren<QWidget*>()) {
+            if (auto* found = dynamic_cast<SetupView*>(widget)) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
 
     bool greets() const {
         return setup()->isVisible() && application->drawer().mode() == DrawerMode::setup &&

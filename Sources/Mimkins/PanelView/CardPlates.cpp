@@ -28,8 +28,9 @@ QImage drawn(const CardPlates::Place& place, const CardRow& row, const CardLook&
 /// So high that corners and stripe keep their shape.
 int lowHeight(int room, const CardLook& look) {
     constexpr double stripeEnd = 14;
-    constexpr int spare = 4;
-    return 2 * (room + static_cast<int>(std::ceil(std::max(look.theme->radius, stripeEnd))) + spare) + 1;
+    constexpr double halo = 4; // by which the corners of shadow and ring are wider
+    const double corner = cornerReach * (look.theme->radius + halo);
+    return 2 * (room + static_cast<int>(std::ceil(std::max(corner, stripeEnd)))) + 1;
 }
 
 } // namespace

@@ -18,7 +18,7 @@ namespace {
 /// The same ring around a card that is just high enough for its corners.
 GlowRing::Shape lowered(const GlowRing::Shape& shape) {
     const double below = shape.size.height() - shape.card.bottom();
-    const double end = std::max(shape.card.top(), below) + shape.radius + GlowRing::blur;
+    const double end = std::max(shape.card.top(), below) + cornerReach * shape.radius + GlowRing::blur;
     GlowRing::Shape low = shape;
     low.size.setHeight(2 * static_cast<int>(std::ceil(end)) + 1);
     low.card.setBottom(low.size.height() - below);

@@ -9,6 +9,9 @@ namespace mimkins {
 /// needed. No height is less than that of `low`.
 QImage stretched(const QImage& low, int height);
 
+/// How far a continuous corner reaches along a side, in radii.
+inline constexpr double cornerReach = 1.6;
+
 /// A clear picture for a widget of this size.
 QImage clearPicture(QSize size, double pixelRatio);
 
