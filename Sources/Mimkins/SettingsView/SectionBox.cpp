@@ -36,10 +36,10 @@ SectionBox::SectionBox(std::string_view title)
     column->addLayout(rows_);
 }
 
-void SectionBox::add(QWidget* row) {
-    const bool isClose = rows_->count() == 0 || dynamic_cast<Words*>(row) != nullptr;
-    row->setContentsMargins(0, isClose ? 0 : rowSpacing - wordsSpacing, bleed, 0);
-    rows_->addWidget(row);
+void SectionBox::add(QWidget& row) {
+    const bool isClose = rows_->count() == 0 || dynamic_cast<Words*>(&row) != nullptr;
+    row.setContentsMargins(0, isClose ? 0 : rowSpacing - wordsSpacing, bleed, 0);
+    rows_->addWidget(&row);
 }
 
 void SectionBox::setLook(const CardLook& look) {

@@ -17,7 +17,7 @@ public:
 
     /// Puts a row, or another part, below the last one; words stand closer to it than others, whose margin
     /// at the top is set. It is taken over.
-    void add(QWidget* row);
+    void add(QWidget& row);
     void setLook(const CardLook& look);
 
     QString title() const { return accessibleName(); }

@@ -82,7 +82,7 @@ void SettingsContent::addSection(const SettingsSection& section) {
         auto* widget = makeRow(row);
         rows_[std::string(row.key)] = widget;
         if (widget->parentWidget() != box) { // the buttons of a row are added together
-            box->add(widget);
+            box->add(*widget);
         }
     }
     sections_.push_back(box);
