@@ -292,6 +292,10 @@ TEST_F(Setup, TellsItselfToThoseWhoListen) {
 void expectEverythingFits(const SetupView& view) {
     const QWidget* canvas = view.widget();
     EXPECT_LE(canvas->minimumSizeHint().width(), view.viewport()->width());
+    for (const auto* child : canvas->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        EXPECT_LE(child->minimumSizeHint().width(), view.viewport()->width())
+            << child->accessibleName().toStdString() << " " << child->metaObject()->className();
+    }
     EXPECT_EQ(canvas->width(), view.viewport()->width());
     for (const auto* label : view.findChildren<QLabel*>()) {
         if (label->isVisible()) {

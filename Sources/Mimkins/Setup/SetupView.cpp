@@ -33,7 +33,7 @@ SetupView::SetupView(Parts parts, const CardLook& look)
       heading_(kit::wrappedLabel(Qt::AlignCenter)), text_(kit::wrappedLabel(Qt::AlignCenter)),
       changes_(new ChangeBox), detailsButton_(new PillButton(PillButton::Kind::plain, 11)),
       details_(new SelectableText(10)), unfolding_(new Unfolding(details_)),
-      message_(kit::wrappedLabel(Qt::AlignCenter)), row_(new ButtonRow) {
+      message_(kit::wrappedLabel(Qt::AlignCenter)), detailsRow_(new ButtonRow), row_(new ButtonRow) {
     setAccessibleName("Setup");
     details_->setAccessibleName(qt::text(SetupWords::detailsTitle(false)));
     makeColumn();
@@ -61,7 +61,8 @@ void SetupView::makeColumn() {
     column->addWidget(heading_);
     column->addWidget(text_);
     column->addWidget(changes_);
-    column->addWidget(detailsButton_, 0, Qt::AlignHCenter);
+    detailsRow_->setButtons({detailsButton_});
+    column->addWidget(detailsRow_);
     column->addWidget(unfolding_);
     column->addWidget(message_);
     column->addSpacing(buttonsPadding);
@@ -110,7 +111,7 @@ void SetupView::showConnection() {
     kit::show(*heading_, words_.heading);
     kit::show(*text_, words_.text);
     changes_->setVisible(words_.explains);
-    detailsButton_->setVisible(words_.explains);
+    detailsRow_->setVisible(words_.explains);
     details_->setWords(qt::text(parts_.connection.changeSummary()));
     if (!words_.explains) {
         setShowDetails(false, Unfolding::Motion::jump);

@@ -75,6 +75,7 @@ private:
     SelectableText* details_;
     Unfolding* unfolding_;
     QLabel* message_;
+    ButtonRow* detailsRow_;
     ButtonRow* row_;
     sigc::connection changed_;
 };
