@@ -64,8 +64,7 @@ public:
         };
         signals_.onClosed = [this] { lose("the desktop took the shortcut back"); };
         bus_.connect(
-            service, portalPath, shortcutsInterface, "Activated", &signals_,
-            SLOT(activate(QDBusObjectPath, QString))
+            service, portalPath, shortcutsInterface, "Activated", &signals_, SLOT(activate(QDBusMessage))
         );
         QObject::connect(
             &owner_, &QDBusServiceWatcher::serviceOwnerChanged, &owner_,

@@ -27,9 +27,11 @@ public Q_SLOTS:
         }
     }
 
-    void activate(const QDBusObjectPath& session, const QString& shortcut) { // NOLINT: a slot
-        if (onActivated) {
-            onActivated(session.path(), shortcut);
+    // The whole message, since Qt drops the first ones for a slot whose types it has yet to meet.
+    void activate(const QDBusMessage& message) { // NOLINT(readability-make-member-function-const): a slot
+        const auto words = message.arguments();
+        if (onActivated && words.size() >= 2) {
+            onActivated(words[0].value<QDBusObjectPath>().path(), words[1].toString());
         }
     }
 
