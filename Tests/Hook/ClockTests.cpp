@@ -101,9 +101,10 @@ TEST_P(HookClock, ClockThatIsWrongOldOrNoneIsRead) {
 TEST_P(HookClock, ExactTimeOfAnAwkIsUsed) {
     for (const auto* format : {"%s%N", "%s%6N"}) {
         hook.replaceProgram(
-            "awk", "fraction=$(/usr/bin/date +" + std::string(format) + ")\n" +
-                       R"(program=$(printf %s "$1" | /bin/sed "s/sprintf(\"%.0f\", srand())/\"$fraction\"/"))" +
-                       "\nexec /usr/bin/mawk \"$program\""
+            "awk",
+            "fraction=$(/usr/bin/date +" + std::string(format) + ")\n" +
+                R"(program=$(printf %s "$1" | /bin/sed "s/sprintf(\"%.0f\", srand())/\"$fraction\"/"))" +
+                "\nexec /usr/bin/mawk \"$program\""
         );
         for (const auto* event : {"Stop", "PreToolUse", "PostToolUse"}) {
             const auto before = nowInMilliseconds();

@@ -1,6 +1,10 @@
 #include "App/Demo.h"
 
 #include "Base/Error.h"
+#include "Base/Paths.h"
+#include "HookInstaller/HookInstaller.h"
+#include "Platform/Linux/LinuxResources.h"
+#include "Platform/Linux/LinuxSettingsFiles.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -8,6 +12,8 @@
 #include <signal.h>
 #include <sys/prctl.h>
 #include <unistd.h>
+
+#include <filesystem>
 
 namespace mimkins {
 
@@ -29,6 +35,14 @@ QString playerPath() {
     );
 }
 
+/// Connects the home, so that its drawer has no need to greet anybody.
+void connectHome(const std::string& home) {
+    const Paths paths(home);
+    std::filesystem::create_directories(paths.clientFolder());
+    LinuxSettingsFiles files;
+    HookInstaller(paths, bundledHookScript(), files).connect();
+}
+
 } // namespace
 
 Demo::Demo(const Options& options)
@@ -39,6 +53,7 @@ Demo::~Demo() {
 }
 
 void Demo::start() {
+    connectHome(home());
     QStringList words{"demo", "--home", QString::fromStdString(home())};
     if (!options_.home) {
         words << "--remove-home";
