@@ -34,7 +34,7 @@ protected:
     /// when the hundredth of a second changes.
     json withClock() const {
         json record;
-        for (int round = 0; round < 50 && !record.contains("clock"); ++round) {
+        for (int round = 0; round < 400 && !record.contains("clock"); ++round) {
             hook.removeRecords();
             record = tell("PreToolUse");
         }

@@ -45,7 +45,7 @@ QString SummaryLabel::shownWords() const {
     const QFontMetricsF metrics(font());
     const double room = width() - 2 * paddingX + 0.5; // the width that was asked for was rounded
     for (const int words : {4, 2, 1}) {
-        const QString shown = text().section(' ', 0, words - 1);
+        QString shown = text().section(' ', 0, words - 1);
         if (metrics.horizontalAdvance(shown) <= room) {
             return shown;
         }

@@ -122,7 +122,7 @@ private:
     QString expect(const QString& token) {
         QString sender = bus_.baseService().mid(1);
         sender.replace('.', '_');
-        const QString path = QString("%1/request/%2/%3").arg(portalPath, sender, token);
+        QString path = QString("%1/request/%2/%3").arg(portalPath, sender, token);
         bus_.connect(
             service, path, "org.freedesktop.portal.Request", "Response", &signals_,
             SLOT(respond(QDBusMessage))
