@@ -58,22 +58,24 @@ std::optional<std::string> linkScheme(std::string_view text) {
     return scheme;
 }
 
-std::string fileLink(std::string_view path) {
-    constexpr std::string_view plainMarks = "-._~/";
+std::string percentEncoded(std::string_view text, std::string_view marks) {
     constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string link = "file://";
-    for (const char character : path) {
-        if (isLetter(character) || isDigit(character) ||
-            plainMarks.find(character) != std::string_view::npos) {
-            link += character;
+    std::string encoded;
+    for (const char character : text) {
+        if (isLetter(character) || isDigit(character) || marks.find(character) != std::string_view::npos) {
+            encoded += character;
             continue;
         }
         const auto byte = static_cast<unsigned char>(character);
-        link += '%';
-        link += digits[byte >> 4U];
-        link += digits[byte & 15U];
+        encoded += '%';
+        encoded += digits[byte >> 4U];
+        encoded += digits[byte & 0xFU];
     }
-    return link;
+    return encoded;
+}
+
+std::string fileLink(std::string_view path) {
+    return "file://" + percentEncoded(path, "-._~/");
 }
 
 } // namespace mimkins

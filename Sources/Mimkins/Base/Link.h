@@ -11,6 +11,9 @@ namespace mimkins {
 /// hexadecimal digits.
 std::optional<std::string> linkScheme(std::string_view text);
 
+/// The text with every byte written as "%" and two digits but letters, digits and the given marks.
+std::string percentEncoded(std::string_view text, std::string_view marks);
+
 /// The file link of an absolute path. Whatever a link may not hold, or would read as something else, is
 /// written as "%" and two digits.
 std::string fileLink(std::string_view path);

@@ -8,25 +8,10 @@ namespace mimkins::deep_link {
 
 namespace {
 
-/// Escapes a query item's value: everything but the characters that may stand in a query, and among those
-/// "&", "=",
-/// "+", "#" and ";" too, since they would end the value or be read as something else.
+/// Escapes a query item's value. Of the marks that may stand in a query, "&", "=", "+", "#" and ";" are
+/// escaped too, since they would end the value or be read as something else.
 std::string escaped(std::string_view value) {
-    constexpr std::string_view plain =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~:/?@!$'()*,";
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string result;
-    for (const char character : value) {
-        if (plain.find(character) != std::string_view::npos) {
-            result += character;
-            continue;
-        }
-        const auto byte = static_cast<unsigned char>(character);
-        result += '%';
-        result += digits[byte >> 4U];
-        result += digits[byte & 0xFU];
-    }
-    return result;
+    return percentEncoded(value, "-._~:/?@!$'()*,");
 }
 
 } // namespace
