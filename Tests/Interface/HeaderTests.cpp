@@ -95,7 +95,7 @@ TEST_F(Header, CogIsAwayWithoutAScreenBehindIt) {
     start();
     EXPECT_FALSE(header().cog().isVisible());
     EXPECT_TRUE(header().moon().isVisible());
-    panel->addScreen(DrawerMode::settings, new PanelScreen);
+    panel->addScreen(DrawerMode::settings, [](const CardLook&) { return new PanelScreen; });
     EXPECT_TRUE(header().cog().isVisible());
 }
 

@@ -66,8 +66,8 @@ protected:
     }
 
     bool greets() const {
-        return setup()->isVisible() && application->drawer().mode() == DrawerMode::setup &&
-               application->drawer().isOpen();
+        return setup() != nullptr && setup()->isVisible() &&
+               application->drawer().mode() == DrawerMode::setup && application->drawer().isOpen();
     }
 
     std::string heading() const { return setup()->heading().accessibleName().toStdString(); }

@@ -265,10 +265,14 @@ TEST_F(Panel, PetsOutOfSightStandStill) {
 TEST_F(Panel, AddedScreenShowsInItsModeAlone) {
     report("a", "working");
     start();
-    auto* screen = new PanelScreen;
-    panel->addScreen(DrawerMode::settings, screen);
-    EXPECT_FALSE(screen->isVisible());
+    PanelScreen* screen = nullptr;
+    panel->addScreen(DrawerMode::settings, [&screen](const CardLook&) {
+        screen = new PanelScreen;
+        return screen;
+    });
+    EXPECT_EQ(screen, nullptr);
     panel->header().cog().click();
+    ASSERT_NE(screen, nullptr);
     EXPECT_TRUE(screen->isVisible());
     EXPECT_FALSE(panel->list().isVisible());
     EXPECT_EQ(panel->header().titleLabel().text(), "Settings");

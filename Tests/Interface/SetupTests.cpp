@@ -351,8 +351,6 @@ TEST_P(SetupLooks, FitEveryThemeWidthAndState) {
 
 INSTANTIATE_TEST_SUITE_P(Fonts, SetupLooks, testing::Values(1.0, 1.5, 2.0));
 
-class SetupScreen : public PanelFixture {};
-
 /// A screen that notes what it is told.
 class NotedScreen final : public PanelScreen {
 public:
@@ -364,14 +362,42 @@ public:
     std::optional<Date> shown;
 };
 
+class SetupScreen : public PanelFixture {
+protected:
+    /// Tells the panel how to make one; `screen` is set when it is made.
+    void addScreen(NotedScreen*& screen) {
+        panel->addScreen(DrawerMode::setup, [this, &screen](const CardLook&) {
+            ++made;
+            screen = new NotedScreen;
+            return screen;
+        });
+    }
+
+    int made = 0;
+};
+
+TEST_F(SetupScreen, OneThatIsAddedInItsModeShowsAtOnce) {
+    start();
+    drawer.setMode(DrawerMode::setup);
+    EXPECT_TRUE(panel->emptyState().isVisible());
+    NotedScreen* screen = nullptr;
+    addScreen(screen);
+    ASSERT_NE(screen, nullptr);
+    EXPECT_TRUE(screen->isVisible());
+    drawer.setMode(DrawerMode::pets);
+    drawer.setMode(DrawerMode::setup);
+    EXPECT_EQ(made, 1);
+}
+
 TEST_F(SetupScreen, TakesThePlaceOfTheListInItsMode) {
     report("a", "working");
     start();
-    auto* screen = new NotedScreen;
-    panel->addScreen(DrawerMode::setup, screen);
-    EXPECT_FALSE(screen->isVisible());
+    NotedScreen* screen = nullptr;
+    addScreen(screen);
+    EXPECT_EQ(screen, nullptr); // nobody has looked yet
     EXPECT_TRUE(panel->list().isVisible());
     drawer.setMode(DrawerMode::setup);
+    ASSERT_NE(screen, nullptr);
     EXPECT_TRUE(screen->isVisible());
     EXPECT_FALSE(panel->list().isVisible());
     EXPECT_EQ(panel->header().titleLabel().text(), "Setup");
@@ -383,10 +409,10 @@ TEST_F(SetupScreen, TakesThePlaceOfTheListInItsMode) {
 
 TEST_F(SetupScreen, MovesOnlyWhileSomebodySeesIt) {
     start(); // without sessions
-    auto* screen = new NotedScreen;
-    panel->addScreen(DrawerMode::setup, screen);
+    NotedScreen* screen = nullptr;
+    addScreen(screen);
     loop.advance(1);
-    EXPECT_EQ(screen->shown, std::nullopt);
+    EXPECT_EQ(screen, nullptr);
     drawer.setMode(DrawerMode::setup);
     loop.advance(1);
     ASSERT_TRUE(screen->shown);
@@ -402,8 +428,9 @@ TEST_F(SetupScreen, MovesOnlyWhileSomebodySeesIt) {
 TEST_F(SetupScreen, FollowsTheTheme) {
     settings.themeId = "night";
     start();
-    auto* screen = new NotedScreen;
-    panel->addScreen(DrawerMode::setup, screen);
+    NotedScreen* screen = nullptr;
+    addScreen(screen);
+    drawer.setMode(DrawerMode::setup);
     settings.themeId = "paper";
     panel->setSettings(settings);
     EXPECT_THAT(screen->looks, ElementsAre("night", "paper"));
@@ -412,7 +439,7 @@ TEST_F(SetupScreen, FollowsTheTheme) {
 TEST_F(SetupScreen, ArrowKeysLeaveHiddenCardsAlone) {
     report("a", "working");
     start();
-    panel->addScreen(DrawerMode::setup, new NotedScreen);
+    panel->addScreen(DrawerMode::setup, [](const CardLook&) { return new NotedScreen; });
     drawer.setMode(DrawerMode::setup);
     QTest::keyClick(panel.get(), Qt::Key_Down);
     EXPECT_FALSE(panel->list().cards().front()->hasFocus());

@@ -87,12 +87,11 @@ void AppDelegate::makeWindows() {
     windowSystem_ = XcbWindowSystem::make({loop_, loop_});
     const PanelSettings settings = panelSettingsOf(settings_, loop_.now());
     panel_ = new PanelView({*store_, drawer_, loop_, links_}, settings);
-    panel_->addScreen(
-        DrawerMode::setup,
-        new SetupView(
-            {client_.connection(), loop_, [this] { drawer_.setMode(DrawerMode::pets); }}, panel_->look()
-        )
-    );
+    panel_->addScreen(DrawerMode::setup, [this](const CardLook& look) {
+        return new SetupView(
+            {client_.connection(), loop_, [this] { drawer_.setMode(DrawerMode::pets); }}, look
+        );
+    });
     windows_ = std::make_unique<DrawerWindows>(
         DrawerWindows::Parts{*windowSystem_, drawer_, preferences_, loop_, panel_}, settings
     );
@@ -115,9 +114,11 @@ SettingsParts AppDelegate::settingsParts() {
 }
 
 void AppDelegate::makeSettings() {
-    settingsScreen_ = new SettingsView(settingsParts(), panel_->look());
-    settingsScreen_->content().onWriting = [this](bool writing) { windows_->setWriting(writing); };
-    panel_->addScreen(DrawerMode::settings, settingsScreen_);
+    panel_->addScreen(DrawerMode::settings, [this](const CardLook& look) {
+        settingsScreen_ = new SettingsView(settingsParts(), look);
+        settingsScreen_->content().onWriting = [this](bool writing) { windows_->setWriting(writing); };
+        return settingsScreen_;
+    });
 }
 
 void AppDelegate::openSettings() {
@@ -128,7 +129,9 @@ void AppDelegate::openSettings() {
 }
 
 void AppDelegate::followShortcut() {
-    settingsScreen_->content().followShortcut();
+    if (settingsScreen_ != nullptr) {
+        settingsScreen_->content().followShortcut();
+    }
     if (settingsWindow_ != nullptr) {
         settingsWindow_->content().followShortcut();
     }

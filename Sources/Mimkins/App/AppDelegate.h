@@ -93,7 +93,7 @@ private:
     SerialQueue scanQueue_{"app.mimkins.background"};
     std::unique_ptr<WindowSystem> windowSystem_;
     PanelView* panel_ = nullptr;             // belongs to the windows
-    SettingsView* settingsScreen_ = nullptr; // belongs to the panel
+    SettingsView* settingsScreen_ = nullptr; // belongs to the panel; null until it is first shown
     std::unique_ptr<DrawerWindows> windows_;
     std::unique_ptr<SettingsWindow> settingsWindow_;
     std::unique_ptr<HUD> hud_;

@@ -67,10 +67,12 @@ int renderSettings(const Options& options, const Paths& paths) {
     DrawerState state;
     const PanelSettings shown = panelSettingsOf(settings, at);
     auto* panel = new PanelView({load.store(), state, load.loop(), links}, shown);
-    auto* screen = new SettingsView(
-        {settings, client.login(), {}, connectionPartOf(client.connection(), paths.home())}, panel->look()
-    );
-    panel->addScreen(DrawerMode::settings, screen);
+    SettingsView* screen = nullptr;
+    panel->addScreen(DrawerMode::settings, [&](const CardLook& look) {
+        const auto connection = connectionPartOf(client.connection(), paths.home());
+        screen = new SettingsView({settings, client.login(), {}, connection}, look);
+        return screen;
+    });
     state.setMode(DrawerMode::settings);
     Options whole = options;
     const int width = static_cast<int>(shown.panelWidth);

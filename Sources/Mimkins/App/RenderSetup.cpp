@@ -56,11 +56,14 @@ int draw(const Options& options, const Paths& paths) {
     ClientConnection client({staged.paths, preferences, watcher, loop, links, "", [] {}});
     OneLoad load(staged.paths, {}, at);
     DrawerState state;
-    state.setMode(DrawerMode::setup);
     const PanelSettings settings = RenderScene(options, paths).settings();
     auto* panel = new PanelView({load.store(), state, loop, links}, settings);
-    auto* setup = new SetupView({client.connection(), loop, nullptr}, panel->look());
-    panel->addScreen(DrawerMode::setup, setup);
+    SetupView* setup = nullptr;
+    panel->addScreen(DrawerMode::setup, [&](const CardLook& look) {
+        setup = new SetupView({client.connection(), loop, nullptr}, look);
+        return setup;
+    });
+    state.setMode(DrawerMode::setup);
     if (options.setup.press) {
         client.connection().connect();
     }

@@ -145,16 +145,27 @@ void PanelView::showSweep() {
     }
 }
 
-void PanelView::addScreen(DrawerMode mode, PanelScreen* screen) {
-    screens_[mode] = screen;
-    screen->hide();
-    screen->setLook(look());
+void PanelView::addScreen(DrawerMode mode, MakeScreen make) {
+    makers_[mode] = std::move(make);
     if (mode == DrawerMode::settings) {
         header_->showCog();
     }
-    static_cast<QVBoxLayout*>(layout())->addWidget(screen, 1); // NOLINT: made so by the constructor
+    makeScreen();
     showScreen();
     keepTime();
+}
+
+/// Makes the screen of the present mode unless it is there.
+void PanelView::makeScreen() {
+    const auto maker = makers_.extract(mode_);
+    if (maker.empty()) {
+        return;
+    }
+    PanelScreen* screen = maker.mapped()(look());
+    screens_[mode_] = screen;
+    screen->hide();
+    screen->setLook(look());
+    static_cast<QVBoxLayout*>(layout())->addWidget(screen, 1); // NOLINT: made so by the constructor
 }
 
 /// The one that shows, if it is one of those that were added.
@@ -191,6 +202,7 @@ void PanelView::changeScreen() {
         fade_->begin(*screen());
     }
     mode_ = parts_.drawer.mode();
+    makeScreen();
     if (mode_ == DrawerMode::sweep) {
         parts_.store.runSweep();
         showSweep();

@@ -43,8 +43,11 @@ public:
     /// How everything in the drawer looks. Changes with the settings.
     CardLook look() const;
 
-    /// Gives the drawer a screen for a mode, and takes it over.
-    void addScreen(DrawerMode mode, PanelScreen* screen);
+    /// Makes a screen in this look. The drawer takes it over.
+    using MakeScreen = std::function<PanelScreen*(const CardLook&)>;
+
+    /// Tells the drawer how to make the screen of a mode, which it does when the mode is first shown.
+    void addScreen(DrawerMode mode, MakeScreen make);
 
     const PanelHeader& header() const { return *header_; }
 
@@ -77,6 +80,7 @@ private:
     void enterScreen();
     QWidget* screen() const;
     PanelScreen* addedScreen() const;
+    void makeScreen();
     void followDrawer();
     void beat();
     void animate();
@@ -93,6 +97,7 @@ private:
     SessionList* list_;
     EmptyState* empty_;
     SweepView* sweep_;
+    std::map<DrawerMode, MakeScreen> makers_;    ///< of the screens that nobody has seen yet
     std::map<DrawerMode, PanelScreen*> screens_; ///< in place of the list, by mode
     ScreenFade* fade_;
     DrawerMode mode_ = DrawerMode::pets; ///< of the screen that shows
