@@ -59,7 +59,7 @@ QFont AllClearView::titleFont() const {
 }
 
 QFont AllClearView::detailFont() const {
-    return sweep::systemFont(look_, 11);
+    return look_.typography.systemFont(11);
 }
 
 int AllClearView::heightForWidth(int width) const {
@@ -92,7 +92,7 @@ void AllClearView::paintEvent(QPaintEvent*) {
 }
 
 CheckButton::CheckButton(const CardLook& look) : look_(look) {
-    setFont(sweep::systemFont(look_, buttonPoints, QFont::DemiBold));
+    setFont(look_.typography.systemFont(buttonPoints, QFont::DemiBold));
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -117,7 +117,7 @@ void CheckButton::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
     const double side = QFontMetricsF(font()).ascent();
     {
-        PainterCanvas canvas(painter, sweep::schemeOf(look_));
+        PainterCanvas canvas(painter, look_.scheme());
         GraphicsContext context(canvas);
         context.translateBy(buttonPaddingX, (height() - side) / 2);
         drawSymbol(context, Symbol::refresh, side, ink);

@@ -1,6 +1,7 @@
 #include "PanelView/CardPill.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/ReturnKey.h"
 
 #include <QKeyEvent>
 
@@ -61,11 +62,9 @@ void CardPill::draw(QPainter& painter, double opacity, const Color& ring) const 
 }
 
 void CardPill::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else if (event->key() == Qt::Key_Space) {
+    if (event->key() == Qt::Key_Space) {
         QAbstractButton::keyPressEvent(event);
-    } else {
+    } else if (!pressByReturn(*this, *event)) {
         event->ignore();
     }
 }

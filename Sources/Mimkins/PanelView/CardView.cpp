@@ -4,6 +4,7 @@
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/CardGround.h"
 #include "PanelView/CardToolTip.h"
+#include "PanelView/ReturnKey.h"
 #include "PanelView/StretchedPicture.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/MoodTint.h"
@@ -250,11 +251,9 @@ void CardView::keyPressEvent(QKeyEvent* event) {
                          (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
     if (menuKey) {
         customContextMenuRequested(rect().center());
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
     } else if (event->key() == Qt::Key_Space) {
         QAbstractButton::keyPressEvent(event);
-    } else {
+    } else if (!pressByReturn(*this, *event)) {
         event->ignore(); // the list moves the focus
     }
 }

@@ -3,6 +3,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "PanelView/MoonIcon.h"
+#include "PanelView/ReturnKey.h"
 #include "Pet/PetFrame.h"
 #include "Presentation/PanelFrames.h"
 #include "Theme/ThemeDrawing.h"
@@ -42,11 +43,9 @@ void HeaderButton::setWords(const QString& name, const QString& help) {
 }
 
 void HeaderButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up) {
+    if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up) {
         event->ignore(); // the way into the screen below
-    } else {
+    } else if (!pressByReturn(*this, *event)) {
         QAbstractButton::keyPressEvent(event);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "PanelView/AccessibleRole.h"
+#include "PanelView/ReturnKey.h"
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -64,11 +65,9 @@ bool SubtaskSummary::event(QEvent* event) {
 }
 
 void SubtaskSummary::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else if (event->key() == Qt::Key_Space) {
+    if (event->key() == Qt::Key_Space) {
         QAbstractButton::keyPressEvent(event);
-    } else {
+    } else if (!pressByReturn(*this, *event)) {
         event->ignore();
     }
 }

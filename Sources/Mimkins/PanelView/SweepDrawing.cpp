@@ -6,14 +6,6 @@
 
 namespace mimkins::sweep {
 
-QFont systemFont(const CardLook& look, double points, QFont::Weight weight) {
-    return Typography(FontDesign::standard, look.typography.scale()).font(points, weight);
-}
-
-ColorScheme schemeOf(const CardLook& look) {
-    return look.theme->scheme.value_or(ColorScheme::dark);
-}
-
 QStringList lines(const std::string& words, const QFont& font, double width, int most) {
     return fittedLines(qt::text(words), font, width, most);
 }

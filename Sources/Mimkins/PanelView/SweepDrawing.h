@@ -11,11 +11,6 @@
 /// What the parts of the wrap-up draw with.
 namespace mimkins::sweep {
 
-/// The system's font, in the scale of the look.
-QFont systemFont(const CardLook& look, double points, QFont::Weight weight = QFont::Normal);
-
-ColorScheme schemeOf(const CardLook& look);
-
 /// The lines that words take in a width, at most so many.
 QStringList lines(const std::string& words, const QFont& font, double width, int most);
 

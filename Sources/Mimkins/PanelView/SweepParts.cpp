@@ -4,6 +4,7 @@
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Symbols.h"
 #include "PanelView/AccessibleRole.h"
+#include "PanelView/ReturnKey.h"
 #include "PanelView/SweepDrawing.h"
 #include "Pet/MiniHead.h"
 #include "Presentation/MoodTint.h"
@@ -48,7 +49,7 @@ Symbol symbolOf(SweepWords::Kind kind) {
 }
 
 QFont headFont(const CardLook& look) {
-    QFont font = sweep::systemFont(look, headPoints, QFont::ExtraBold);
+    QFont font = look.typography.systemFont(headPoints, QFont::ExtraBold);
     font.setLetterSpacing(QFont::AbsoluteSpacing, headKerning);
     return font;
 }
@@ -90,7 +91,7 @@ void SweepHead::paintEvent(QPaintEvent*) {
     }
     const Color first = colors.empty() ? look_.theme->text : colors.front();
     {
-        PainterCanvas canvas(painter, sweep::schemeOf(look_));
+        PainterCanvas canvas(painter, look_.scheme());
         GraphicsContext context(canvas);
         context.translateBy(0, (height() - side) / 2);
         drawSymbol(context, symbolOf(kind_), side, first);
@@ -127,11 +128,11 @@ void SweepRow::setRow(const SweepWords::Row& row) {
 }
 
 QFont SweepRow::titleFont() const {
-    return sweep::systemFont(look_, rowTitlePoints, QFont::DemiBold);
+    return look_.typography.systemFont(rowTitlePoints, QFont::DemiBold);
 }
 
 QFont SweepRow::detailFont() const {
-    return sweep::systemFont(look_, rowDetailPoints);
+    return look_.typography.systemFont(rowDetailPoints);
 }
 
 double SweepRow::textWidth(double width) const {
@@ -165,9 +166,7 @@ const Color& SweepRow::color() const {
 }
 
 void SweepRow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
+    if (!pressByReturn(*this, *event)) {
         QAbstractButton::keyPressEvent(event);
     }
 }
@@ -177,8 +176,8 @@ void SweepRow::drawGround(QPainter& painter) const {
     constexpr double primaryOpacity = 0.05;
     const PetTheme& theme = *look_.theme;
     const double radius = std::max(theme.radius - 4, leastRadius);
-    const Color primary = Color::named(NamedColor::primary, primaryOpacity).resolved(sweep::schemeOf(look_));
-    PainterCanvas canvas(painter, sweep::schemeOf(look_));
+    const Color primary = Color::named(NamedColor::primary, primaryOpacity).resolved(look_.scheme());
+    PainterCanvas canvas(painter, look_.scheme());
     GraphicsContext context(canvas);
     const Rect area{0, 0, static_cast<double>(width()), static_cast<double>(height())};
     const Path shape = Path::roundedRect(area, radius, CornerStyle::continuous);
@@ -209,7 +208,7 @@ void SweepRow::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     drawGround(painter);
     {
-        PainterCanvas canvas(painter, sweep::schemeOf(look_));
+        PainterCanvas canvas(painter, look_.scheme());
         GraphicsContext head(canvas);
         head.translateBy(rowPaddingX, (height() - MiniHead::height) / 2);
         MiniHead{row_.seed, 0}.draw(head, look_.pets);

@@ -1,6 +1,7 @@
 #include "PanelView/SweepView.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/Labels.h"
 
 #include <QHBoxLayout>
 
@@ -18,10 +19,7 @@ constexpr int footerPadding = 4;
 
 QLabel* label(const QString& words, const CardLook& look, double points) {
     auto* made = new QLabel(words);
-    made->setFont(Typography(FontDesign::standard, look.typography.scale()).font(points));
-    QPalette palette = made->palette();
-    palette.setColor(QPalette::WindowText, qt::color(look.theme->subtext));
-    made->setPalette(palette);
+    dress(*made, look.typography.systemFont(points), look.theme->subtext);
     return made;
 }
 

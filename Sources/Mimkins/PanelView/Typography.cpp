@@ -36,6 +36,10 @@ QFont Typography::font(double points, QFont::Weight weight) const {
     return font;
 }
 
+QFont Typography::systemFont(double points, QFont::Weight weight) const {
+    return Typography(FontDesign::standard, scale_).font(points, weight);
+}
+
 QStringList fittedLines(const QString& text, const QFont& font, double width, int mostLines) {
     QStringList lines;
     QTextLayout layout(text, font);

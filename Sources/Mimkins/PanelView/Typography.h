@@ -21,6 +21,9 @@ public:
 
     QFont font(double points, QFont::Weight weight = QFont::Normal) const;
 
+    /// The same size in the system's own design, whatever that of the theme.
+    QFont systemFont(double points, QFont::Weight weight = QFont::Normal) const;
+
     /// How much larger than designed everything is that holds text.
     double scale() const { return scale_; }
 

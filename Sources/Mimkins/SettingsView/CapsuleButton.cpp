@@ -2,6 +2,7 @@
 
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
+#include "PanelView/ReturnKey.h"
 #include "Presentation/Accent.h"
 #include "SettingsView/ControlDrawing.h"
 
@@ -36,7 +37,7 @@ void CapsuleButton::setLook(const CardLook& look) {
 }
 
 QFont CapsuleButton::titleFont() const {
-    return controls::font(look_, titlePoints, QFont::DemiBold);
+    return look_.typography.systemFont(titlePoints, QFont::DemiBold);
 }
 
 QSize CapsuleButton::sizeHint() const {
@@ -52,9 +53,7 @@ QSize CapsuleButton::minimumSizeHint() const {
 }
 
 void CapsuleButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
+    if (!pressByReturn(*this, *event)) {
         QPushButton::keyPressEvent(event);
     }
 }
@@ -75,7 +74,7 @@ void CapsuleButton::paintEvent(QPaintEvent*) {
     const double words = controls::widthOf(text(), titleFont());
     const double left = (area.width() - side - gap - words) / 2;
     {
-        PainterCanvas canvas(painter, controls::scheme(look_));
+        PainterCanvas canvas(painter, look_.scheme());
         GraphicsContext context(canvas);
         context.translateBy(left, (area.height() - side) / 2);
         drawSymbol(context, symbol_, side, controlAccent(*look_.theme));

@@ -2,7 +2,6 @@
 
 #include "Drawing/Contrast.h"
 #include "Drawing/Qt/Conversions.h"
-#include "Drawing/Qt/Scheme.h"
 #include "Presentation/Accent.h"
 
 #include <QFontMetricsF>
@@ -16,10 +15,6 @@ CardLook plainLook() {
     return {&PetTheme::nightSky(), Typography(FontDesign::standard, 1), 62, {}};
 }
 
-QFont font(const CardLook& look, double points, QFont::Weight weight) {
-    return Typography(FontDesign::standard, look.typography.scale()).font(points, weight);
-}
-
 int scaled(const CardLook& look, double points) {
     return static_cast<int>(std::lround(points * look.typography.scale()));
 }
@@ -28,12 +23,8 @@ double radius(const CardLook& look) {
     return std::clamp(look.theme->radius * 0.5, 3.0, 8.0);
 }
 
-ColorScheme scheme(const CardLook& look) {
-    return look.theme->schemeUnder(systemScheme());
-}
-
 QColor primary(const CardLook& look, double opacity) {
-    return qt::color(Color::named(NamedColor::primary, opacity).resolved(scheme(look)));
+    return qt::color(Color::named(NamedColor::primary, opacity).resolved(look.scheme()));
 }
 
 QColor accent(const CardLook& look) {

@@ -15,16 +15,11 @@ namespace mimkins::controls {
 /// What a control looks like until it is told.
 CardLook plainLook();
 
-/// The system's font, in the scale of the look.
-QFont font(const CardLook& look, double points, QFont::Weight weight = QFont::Normal);
-
 /// A length that grows with the font, in whole points.
 int scaled(const CardLook& look, double points);
 
 /// Of a control's corners.
 double radius(const CardLook& look);
-
-ColorScheme scheme(const CardLook& look);
 
 /// The desktop's colour of plain text, faded.
 QColor primary(const CardLook& look, double opacity);

@@ -23,7 +23,7 @@ constexpr double chevronGap = 8;
 QColor popupGround(const CardLook& look) {
     const auto& sky = look.theme->sky;
     if (sky.empty()) {
-        return controls::scheme(look) == ColorScheme::dark ? QColor(46, 46, 50) : QColor(246, 246, 247);
+        return look.scheme() == ColorScheme::dark ? QColor(46, 46, 50) : QColor(246, 246, 247);
     }
     return qt::color(sky.back());
 }
@@ -75,7 +75,7 @@ void MenuPicker::setLook(const CardLook& look) {
 }
 
 QFont MenuPicker::wordsFont() const {
-    return controls::font(look_, wordsPoints, QFont::Medium);
+    return look_.typography.systemFont(wordsPoints, QFont::Medium);
 }
 
 QSize MenuPicker::sizeHint() const {

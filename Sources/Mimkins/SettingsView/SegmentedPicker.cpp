@@ -33,7 +33,7 @@ void Segment::setLook(const CardLook& look) {
 }
 
 QFont Segment::wordsFont() const {
-    return controls::font(look_, wordsPoints, QFont::Medium);
+    return look_.typography.systemFont(wordsPoints, QFont::Medium);
 }
 
 QSize Segment::sizeHint() const {

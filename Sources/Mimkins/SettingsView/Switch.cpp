@@ -1,5 +1,6 @@
 #include "SettingsView/Switch.h"
 
+#include "PanelView/ReturnKey.h"
 #include "SettingsView/ControlDrawing.h"
 
 #include <QKeyEvent>
@@ -52,9 +53,7 @@ bool Switch::hitButton(const QPoint& place) const {
 }
 
 void Switch::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
+    if (!pressByReturn(*this, *event)) {
         QCheckBox::keyPressEvent(event);
     }
 }

@@ -85,7 +85,7 @@ void TextArea::setWords(const QString& name, const QString& description) {
 
 void TextArea::setLook(const CardLook& look) {
     look_ = look;
-    edit_->setFont(controls::font(look_, wordsPoints));
+    edit_->setFont(look_.typography.systemFont(wordsPoints));
     QPalette palette = edit_->palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, qt::color(look_.theme->text));

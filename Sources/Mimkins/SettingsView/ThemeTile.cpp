@@ -4,6 +4,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Qt/Scheme.h"
+#include "PanelView/ReturnKey.h"
 #include "Pet/MiniHead.h"
 #include "SettingsView/ControlDrawing.h"
 #include "Theme/ThemeDrawing.h"
@@ -73,9 +74,7 @@ QSize ThemeTile::minimumSizeHint() const {
 }
 
 void ThemeTile::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
+    if (!pressByReturn(*this, *event)) {
         QRadioButton::keyPressEvent(event);
     }
 }

@@ -1,6 +1,7 @@
 #include "SettingsView/Words.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/Labels.h"
 #include "SettingsView/ControlDrawing.h"
 
 namespace mimkins {
@@ -20,16 +21,11 @@ Words::Words(std::string_view words, const Form& form) : Words(form) {
 }
 
 void Words::setLook(const CardLook& look) {
-    QFont font = controls::font(look, form_.points, form_.weight);
+    QFont font = look.typography.systemFont(form_.points, form_.weight);
     if (form_.kerning > 0) {
         font.setLetterSpacing(QFont::AbsoluteSpacing, form_.kerning);
     }
-    setFont(font);
-    const PetTheme& theme = *look.theme;
-    const Color& color = form_.ink == Ink::text ? theme.text : theme.subtext;
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::WindowText, qt::color(color));
-    setPalette(palette);
+    dress(*this, font, form_.ink == Ink::text ? look.theme->text : look.theme->subtext);
 }
 
 int Words::naturalWidth() const {

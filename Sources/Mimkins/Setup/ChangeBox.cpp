@@ -3,6 +3,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
 #include "Drawing/Symbols.h"
+#include "PanelView/Labels.h"
 #include "Presentation/SetupWords.h"
 #include "Setup/SetupKit.h"
 
@@ -34,7 +35,7 @@ public:
         color_ = look.theme->yourTurn;
         scheme_ = look.scheme();
         side_ = points * look.typography.scale();
-        const double line = QFontMetricsF(kit::systemFont(look, points)).height();
+        const double line = QFontMetricsF(look.typography.systemFont(points)).height();
         setFixedSize(static_cast<int>(std::ceil(side_)), static_cast<int>(std::ceil(line)));
         update();
     }
@@ -76,7 +77,7 @@ void ChangeBox::setLook(const CardLook& look) {
         mark->setLook(look);
     }
     for (auto* bullet : bullets_) {
-        kit::dress(*bullet, kit::systemFont(look, points), look.theme->subtext);
+        dress(*bullet, look.typography.systemFont(points), look.theme->subtext);
     }
     ground_ = qt::color(look.theme->text.faded(0.05));
     radius_ = std::clamp(look.theme->radius, leastRadius, mostRadius);

@@ -1,6 +1,7 @@
 #include "Setup/ConnectionSettings.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/Labels.h"
 #include "Setup/SetupKit.h"
 #include "Setup/UninstallAlert.h"
 
@@ -156,15 +157,15 @@ void ConnectionSettings::makeUninstall(QVBoxLayout& column) {
 void ConnectionSettings::setLook(const CardLook& look) {
     look_ = look;
     const PetTheme& theme = *look.theme;
-    const auto small = kit::systemFont(look, 10);
+    const auto small = look.typography.systemFont(10);
     QFont italic = small;
     italic.setItalic(true);
-    kit::dress(*state_, kit::systemFont(look, 12), theme.text);
-    kit::dress(*message_, small, theme.subtext);
-    kit::dress(*otherAgents_, kit::systemFont(look, 12, QFont::Medium), theme.text);
-    kit::dress(*promptHint_, small, theme.subtext);
-    kit::dress(*preview_, italic, theme.subtext);
-    kit::dress(*commandHint_, small, theme.subtext);
+    dress(*state_, look.typography.systemFont(12), theme.text);
+    dress(*message_, small, theme.subtext);
+    dress(*otherAgents_, look.typography.systemFont(12, QFont::Medium), theme.text);
+    dress(*promptHint_, small, theme.subtext);
+    dress(*preview_, italic, theme.subtext);
+    dress(*commandHint_, small, theme.subtext);
     command_->setLook(look);
     for (auto* button : {button_, copyPrompt_, copyCommand_, uninstall_}) {
         button->setLook(look);
@@ -198,13 +199,7 @@ void ConnectionSettings::showConnection() {
     }
     button_->setVisible(words.button.has_value());
     stateRow_->updateGeometry();
-    const auto& message = parts_.connection.lastMessage();
-    message_->setVisible(message.has_value());
-    if (message && message_->accessibleName() != qt::text(*message)) {
-        kit::show(*message_, *message);
-        QAccessibleEvent news(message_, QAccessible::Alert);
-        QAccessible::updateAccessibility(&news);
-    }
+    kit::showMessage(*message_, parts_.connection.lastMessage());
 }
 
 void ConnectionSettings::press() {

@@ -3,6 +3,7 @@
 #include "Drawing/Contrast.h"
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/PainterCanvas.h"
+#include "PanelView/ReturnKey.h"
 #include "Presentation/Accent.h"
 #include "Setup/SetupKit.h"
 
@@ -55,7 +56,7 @@ PillButton::Style PillButton::style(const CardLook& look) const {
         break;
     case Kind::plain:
     case Kind::flush:
-        style.font = kit::systemFont(look, plainPoints_);
+        style.font = look.typography.systemFont(plainPoints_);
         style.ink = theme.subtext;
         style.fill = Color::clear();
         style.stroke = Color::clear();
@@ -116,9 +117,7 @@ QSize PillButton::minimumSizeHint() const {
 }
 
 void PillButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-    } else {
+    if (!pressByReturn(*this, *event)) {
         QAbstractButton::keyPressEvent(event);
     }
 }

@@ -37,7 +37,7 @@ SelectableText::SelectableText(double points) : points_(points) {
 }
 
 void SelectableText::setLook(const CardLook& look) {
-    setFont(kit::systemFont(look, points_));
+    setFont(look.typography.systemFont(points_));
     QPalette colors = palette();
     colors.setColor(QPalette::Text, qt::color(look.theme->subtext));
     colors.setColor(QPalette::Highlight, qt::color(accent(*look.theme).faded(0.35)));

@@ -2,6 +2,8 @@
 
 #include "Drawing/Qt/Conversions.h"
 
+#include <QAccessible>
+
 namespace mimkins::kit {
 
 namespace {
@@ -37,10 +39,6 @@ QString withBreaks(const QString& words) {
 
 } // namespace
 
-QFont systemFont(const CardLook& look, double points, QFont::Weight weight) {
-    return Typography(FontDesign::standard, look.typography.scale()).font(points, weight);
-}
-
 QLabel* wrappedLabel(Qt::Alignment alignment) {
     auto* label = new QLabel;
     label->setTextFormat(Qt::PlainText);
@@ -52,17 +50,19 @@ QLabel* wrappedLabel(Qt::Alignment alignment) {
     return label;
 }
 
-void dress(QLabel& label, const QFont& font, const Color& color) {
-    label.setFont(font);
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, qt::color(color));
-    label.setPalette(palette);
-}
-
 void show(QLabel& label, std::string_view words) {
     const QString whole = qt::text(words);
     label.setText(withBreaks(whole));
     label.setAccessibleName(whole);
+}
+
+void showMessage(QLabel& label, const std::optional<std::string>& message) {
+    label.setVisible(message.has_value());
+    if (message && label.accessibleName() != qt::text(*message)) {
+        show(label, *message);
+        QAccessibleEvent news(&label, QAccessible::Alert);
+        QAccessible::updateAccessibility(&news);
+    }
 }
 
 } // namespace mimkins::kit

@@ -1,6 +1,7 @@
 #include "Setup/SetupView.h"
 
 #include "Drawing/Qt/Conversions.h"
+#include "PanelView/Labels.h"
 #include "Setup/SetupKit.h"
 
 #include <QAccessible>
@@ -77,12 +78,12 @@ void SetupView::setLook(const CardLook& look) {
     look_ = look;
     const PetTheme& theme = *look.theme;
     pet_->setLook(look);
-    kit::dress(*heading_, look.typography.font(17, QFont::ExtraBold), theme.text);
-    kit::dress(*text_, look.typography.font(12, QFont::Medium), theme.subtext);
+    dress(*heading_, look.typography.font(17, QFont::ExtraBold), theme.text);
+    dress(*text_, look.typography.font(12, QFont::Medium), theme.subtext);
     changes_->setLook(look);
     detailsButton_->setLook(look);
     details_->setLook(look);
-    kit::dress(*message_, kit::systemFont(look, 11), theme.subtext);
+    dress(*message_, look.typography.systemFont(11), theme.subtext);
     for (auto* button : row_->buttons()) {
         button->setLook(look);
     }
@@ -116,13 +117,7 @@ void SetupView::showConnection() {
     if (!words_.explains) {
         setShowDetails(false, Unfolding::Motion::jump);
     }
-    const auto& message = parts_.connection.lastMessage();
-    message_->setVisible(message.has_value());
-    if (message && message_->accessibleName() != qt::text(*message)) {
-        kit::show(*message_, *message);
-        QAccessibleEvent news(message_, QAccessible::Alert);
-        QAccessible::updateAccessibility(&news);
-    }
+    kit::showMessage(*message_, parts_.connection.lastMessage());
     if (pet_->pet().action != words_.pet) {
         showPet();
     }
