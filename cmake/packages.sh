@@ -7,7 +7,7 @@ fonts-quicksand fonts-noto-color-emoji"
 packages_display="xvfb openbox x11-utils x11-xserver-utils imagemagick xdotool"
 packages_test="libgtest-dev libgmock-dev librapidcheck-dev strace git busybox mawk gawk original-awk bash dash
 python3 trayer xserver-xephyr acl attr locales at-spi2-core gir1.2-atspi-2.0 python3-gi dbus libglib2.0-bin
-pulseaudio pulseaudio-utils"
+pulseaudio pulseaudio-utils klibc-utils"
 packages_client="tmux python3 git util-linux"
 packages_bench="libbenchmark-dev libcairo2-dev jq ripgrep xterm qml-qt6 qml6-module-qtquick
 qml6-module-qtquick-window qml6-module-qtqml-workerscript"

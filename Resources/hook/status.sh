@@ -527,9 +527,11 @@ set +f
 set -- "$sessions/$prefix"*
 record=$sessions/${1#"$sessions/$prefix"}
 
-# Puts the hidden file into the place of the record and ends. The first of these programs loads the fewest
-# libraries, the last is everywhere.
+# Puts the hidden file into the place of the record and ends. The first of these programs loads no library, the
+# second one only, the last is everywhere. (-f would make the first delete the record before it moves the file.)
 move() {
+    mover=/usr/lib/klibc/bin/mv
+    [ -x "$mover" ] && "$mover" "$1" "$record" && exit 0
     rename.ul "$prefix" '' "$1" || busybox mv -f "$1" "$record" || mv -f "$1" "$record" || rm -f "$1"
     exit 0
 }

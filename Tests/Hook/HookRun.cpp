@@ -96,6 +96,13 @@ void HookRun::replaceProgram(const std::string& name, const std::string& text) c
     files::permissions(path, files::perms::owner_all);
 }
 
+void HookRun::callByName(const std::string& path, const std::string& name) const {
+    auto text = readWhole(script_);
+    const auto at = text.find(path);
+    ASSERT_NE(at, std::string::npos) << path;
+    writeFile(script_, text.replace(at, path.size(), binaries_ + "/" + name));
+}
+
 void HookRun::removeRecords() const {
     for (const auto& name : files()) {
         files::remove_all(sessions_ + "/" + name);

@@ -62,6 +62,9 @@ public:
     /// Puts a shell script before the programs that the hook calls by this name.
     void replaceProgram(const std::string& name, const std::string& text) const;
 
+    /// Has the script call the program of this name wherever it names one by its path.
+    void callByName(const std::string& path, const std::string& name) const;
+
     const std::vector<std::string>& shell() const { return shell_; }
 
     std::string path() const { return binaries_ + ":/usr/bin:/bin"; }

@@ -177,18 +177,28 @@ TEST_P(HookHostile, StrangeThingsInTheRecordsPlace) {
     EXPECT_TRUE(files::is_regular_file(files::symlink_status(hook.recordPath("s1"))));
 }
 
-TEST_P(HookHostile, AnyOfThreeProgramsPutsTheRecordIntoItsPlace) {
-    for (const auto* program : {"rename.ul", "busybox", "mv"}) {
+TEST_P(HookHostile, AnyOfFourProgramsPutsTheRecordIntoItsPlace) {
+    const std::string klibc = "/usr/lib/klibc/bin/mv";
+    hook.callByName(klibc, "klibc-mv");
+    hook.replaceProgram("klibc-mv", "echo called >>'" + hook.script() + ".calls'\nexec " + klibc + " \"$@\"");
+    for (const auto* program : {"klibc-mv", "rename.ul", "busybox", "mv"}) {
         hook.feed(stop(program));
         EXPECT_TRUE(hook.record(program)) << program;
         if (GetParam().awk != "busybox" || program != std::string("busybox")) {
             hook.replaceProgram(program, "exit 127");
         }
     }
+    EXPECT_EQ(readWhole(hook.script() + ".calls"), "called\n");
     if (GetParam().awk != "busybox") {
         hook.feed(stop("none"));
         EXPECT_FALSE(hook.record("none"));
     }
+}
+
+TEST_P(HookHostile, AMachineWithoutTheFirstOfThem) {
+    hook.callByName("/usr/lib/klibc/bin/mv", "absent");
+    hook.feed(stop());
+    EXPECT_TRUE(hook.record("s1"));
 }
 
 TEST_P(HookHostile, RecordsOfOtherSessionsThatAreStrangeDontMatter) {
