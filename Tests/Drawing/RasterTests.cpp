@@ -98,6 +98,53 @@ TEST(Raster, DiscsAndRingsHaveTheirArea) {
     EXPECT_EQ(ring.at(30, 30), 0U);
 }
 
+TEST(Raster, AnArcIsJoinedToWhereThePenIs) {
+    Picture picture(20, 20);
+    Path slice;
+    slice.move({2, 2});
+    slice.addArc({2, 2}, 16, 0, std::numbers::pi / 2);
+    slice.closeSubpath();
+    slice.addArc({2, 2}, 1, 0, std::numbers::pi / 2); // no line from the slice leads here
+    picture.context().fill(slice, opaque);
+    EXPECT_NEAR(picture.alpha(4, 4), 1, 0.01);
+    EXPECT_NEAR(picture.area(), std::numbers::pi * 16 * 16 / 4, 1);
+}
+
+TEST(Raster, ThickLinesAlongACurveHaveTheirArea) {
+    for (const double width : {0.7, 3.0, 8.0, 14.0}) {
+        Picture picture(60, 60);
+        Path curve;
+        curve.addArc({30, 30}, 16, 0, 1.5 * std::numbers::pi);
+        StrokeStyle style;
+        style.width = width;
+        picture.context().stroke(curve, opaque, style);
+        EXPECT_NEAR(picture.area(), 1.5 * std::numbers::pi * 16 * width, 0.01 * 24 * std::numbers::pi * width)
+            << width;
+    }
+}
+
+TEST(Raster, ABendThatIsTighterThanTheLineIsWideHasNoHoles) {
+    Picture picture(40, 40);
+    Path hook;
+    hook.move({10, 30});
+    hook.addCurve({30, 30}, {10, 6}, {30, 6});
+    hook.addLine({28, 34});
+    StrokeStyle style;
+    style.width = 16;
+    style.cap = LineCap::round;
+    style.join = LineJoin::round;
+    picture.context().stroke(hook, opaque, style);
+    for (int step = 0; step <= 20; ++step) {
+        const double way = step / 20.0;
+        const double back = 1 - way;
+        const double curveX = back * back * back * 10 + 3 * back * back * way * 10 +
+                              3 * back * way * way * 30 + way * way * way * 30;
+        const double curveY = back * back * back * 30 + 3 * back * back * way * 6 + 3 * back * way * way * 6 +
+                              way * way * way * 30;
+        EXPECT_NEAR(picture.alpha(static_cast<int>(curveX), static_cast<int>(curveY)), 1, 0.01) << way;
+    }
+}
+
 TEST(Raster, RoundedRectanglesHaveTheirArea) {
     Picture circular(64, 64);
     circular.context().fill(Path::roundedRect({4, 4, 40, 30}, 10), opaque);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace mimkins {
 
@@ -37,7 +38,19 @@ int cut(double value, int most) {
 
 } // namespace
 
+/// Takes back what was added to rows that nobody has asked for.
+void CoverageMask::clear() {
+    for (std::size_t row = 0; row < reaches_.size(); ++row) {
+        const Reach& reach = reaches_[row];
+        if (reach.first < reach.end) {
+            std::fill_n(areas_.data() + row * width_ + reach.first, reach.end - reach.first, 0.0F);
+        }
+    }
+    reaches_.clear();
+}
+
 void CoverageMask::rasterize(const Outline& outline, int columns, int rows) {
+    clear();
     const Extent extent = extentOf(outline);
     bounds_ = {};
     if (!std::isfinite(extent.left + extent.right + extent.top + extent.bottom)) {
@@ -50,7 +63,12 @@ void CoverageMask::rasterize(const Outline& outline, int columns, int rows) {
         return;
     }
     width_ = static_cast<std::size_t>(bounds_.right - bounds_.left) + spill;
-    areas_.assign(width_ * static_cast<std::size_t>(bounds_.bottom - bounds_.top), 0.0F);
+    const auto height = static_cast<std::size_t>(bounds_.bottom - bounds_.top);
+    reaches_.resize(height);
+    if (areas_.size() < width_ * height) {
+        areas_.resize(width_ * height);
+    }
+    coverage_.resize(width_);
     for (std::size_t index = 0; index < outline.contourCount(); ++index) {
         const auto contour = outline.contour(index);
         if (contour.size() < 3) {
@@ -87,10 +105,12 @@ void CoverageMask::addLine(Point from, Point to) {
     for (auto row = static_cast<std::size_t>(top); y < bottom; ++row) {
         const double next = std::min(static_cast<double>(row + 1), bottom);
         const double nextX = at(next);
-        addSpan(
-            areas_.data() + row * width_, std::clamp(std::min(x, nextX), 0.0, widest),
-            std::clamp(std::max(x, nextX), 0.0, widest), (next - y) * sense
-        );
+        const double left = std::clamp(std::min(x, nextX), 0.0, widest);
+        const double right = std::clamp(std::max(x, nextX), 0.0, widest);
+        addSpan(areas_.data() + row * width_, left, right, (next - y) * sense);
+        Reach& reach = reaches_[row];
+        reach.first = std::min(reach.first, static_cast<std::size_t>(left));
+        reach.end = std::max(reach.end, static_cast<std::size_t>(right) + spill);
         x = nextX;
         y = next;
     }
@@ -125,15 +145,22 @@ void CoverageMask::addSpan(float* row, double from, double to, double height) {
     row[column + 1] += static_cast<float>(height - last);
 }
 
-std::span<const float> CoverageMask::row(int y) {
-    float* areas = areas_.data() + static_cast<std::size_t>(y - bounds_.top) * width_;
-    const std::size_t columns = width_ - spill;
+CoverageMask::Row CoverageMask::row(int y) {
+    const auto index = static_cast<std::size_t>(y - bounds_.top);
+    const Reach reach = std::exchange(reaches_[index], {});
+    if (reach.first >= reach.end) {
+        return {};
+    }
+    float* areas = areas_.data() + index * width_ + reach.first;
+    const std::size_t columns = reach.end - reach.first;
     float sum = 0;
     for (std::size_t column = 0; column < columns; ++column) {
         sum += areas[column];
-        areas[column] = std::min(std::fabs(sum), 1.0F);
+        areas[column] = 0;
+        coverage_[column] = std::min(std::fabs(sum), 1.0F);
     }
-    return {areas, columns};
+    const std::size_t inside = std::min(reach.end, width_ - spill) - std::min(reach.first, width_ - spill);
+    return {bounds_.left + static_cast<int>(reach.first), {coverage_.data(), inside}};
 }
 
 } // namespace mimkins

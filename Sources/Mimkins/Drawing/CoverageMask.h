@@ -3,6 +3,7 @@
 #include "Drawing/Outline.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -27,17 +28,31 @@ public:
     /// The pixels that may be covered.
     const Bounds& bounds() const { return bounds_; }
 
-    /// The coverage of a row's pixels from the left bound to the right one, 0 to 1. Each row may be asked for
-    /// once.
-    std::span<const float> row(int y);
+    /// The pixels of a row that may be covered.
+    struct Row {
+        int left = 0;                    ///< the first one's column
+        std::span<const float> coverage; ///< 0 to 1, of it and those to its right
+    };
+
+    /// One row within the bounds. It lasts until the next call, and each may be asked for once.
+    Row row(int y);
 
 private:
+    /// The columns of a row that lines have reached, from the left bound on.
+    struct Reach {
+        std::size_t first = SIZE_MAX;
+        std::size_t end = 0; ///< one past the last
+    };
+
+    void clear();
     void addLine(Point from, Point to);
     void addSpan(float* row, double from, double to, double height);
 
     Bounds bounds_;
-    std::size_t width_ = 0; ///< of a row of areas
-    std::vector<float> areas_;
+    std::size_t width_ = 0;      ///< of a row of areas
+    std::vector<float> areas_;   ///< 0 wherever no line has reached
+    std::vector<Reach> reaches_; ///< of the rows
+    std::vector<float> coverage_;
 };
 
 } // namespace mimkins

@@ -10,6 +10,10 @@
 
 namespace mimkins {
 
+/// How far, in pixels, a line may lie off the curve that it stands for: what drawing libraries commonly
+/// allow, and less than one step of 8-bit coverage along most of an edge.
+inline constexpr double flatness = 0.1;
+
 /// A path as straight lines: contours one after another, whose memory is used again.
 class Outline {
 public:
@@ -37,7 +41,7 @@ private:
     std::vector<unsigned char> closed_;
 };
 
-/// Turns a path into lines that stay within a twentieth of a pixel of it, `scale` being pixels per unit.
+/// Turns a path into lines that stay within `flatness` of it, `scale` being pixels per unit.
 void flatten(Outline& lines, const Path& path, double scale);
 
 /// The outline of a line drawn along other lines. Dashes count in the lines' units.

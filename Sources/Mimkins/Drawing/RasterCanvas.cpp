@@ -63,16 +63,15 @@ void RasterCanvas::paint(const Transform& map, const Shading& shading, double op
         return;
     }
     for (int y = bounds.top; y < bounds.bottom; ++y) {
-        const auto coverage = all.mask.row(y);
-        std::uint32_t* target =
-            bitmap_.pixels + static_cast<std::ptrdiff_t>(y) * bitmap_.stride + bounds.left;
+        const auto [left, coverage] = all.mask.row(y);
+        std::uint32_t* target = bitmap_.pixels + static_cast<std::ptrdiff_t>(y) * bitmap_.stride + left;
         if (const auto plain = all.spans.plainRow(y)) {
             for (std::size_t x = 0; x < coverage.size(); ++x) {
                 blend(target[x], *plain, coverage[x]);
             }
             continue;
         }
-        const auto colors = all.spans.row(bounds.left, y, coverage.size());
+        const auto colors = all.spans.row(left, y, coverage.size());
         for (std::size_t x = 0; x < coverage.size(); ++x) {
             blend(target[x], colors[x], coverage[x]);
         }

@@ -46,23 +46,26 @@ std::uint32_t ShadingSpans::packed(const Stop& stop) {
     return byte(stop.alpha) << 24 | byte(stop.red) << 16 | byte(stop.green) << 8 | byte(stop.blue);
 }
 
+ShadingSpans::Stop ShadingSpans::stopOf(const Color& color, ColorScheme scheme, double opacity) {
+    const Color shown = color.resolved(scheme);
+    const auto alpha = static_cast<float>(std::clamp(shown.opacity * opacity, 0.0, 1.0));
+    const auto channel = [alpha](double value) {
+        return static_cast<float>(std::clamp(value, 0.0, 1.0)) * alpha;
+    };
+    return {channel(shown.red), channel(shown.green), channel(shown.blue), alpha};
+}
+
 void ShadingSpans::takeStops(const Gradient& gradient, ColorScheme scheme, double opacity) {
     stops_.clear();
     for (const Color& color : gradient.colors()) {
-        const Color shown = color.resolved(scheme);
-        const auto alpha = static_cast<float>(std::clamp(shown.opacity * opacity, 0.0, 1.0));
-        const auto channel = [alpha](double value) {
-            return static_cast<float>(std::clamp(value, 0.0, 1.0)) * alpha;
-        };
-        stops_.push_back({channel(shown.red), channel(shown.green), channel(shown.blue), alpha});
+        stops_.push_back(stopOf(color, scheme, opacity));
     }
 }
 
 bool ShadingSpans::begin(const Shading& shading, ColorScheme scheme, const Transform& map, double opacity) {
     if (const auto* color = std::get_if<Color>(&shading)) {
         kind_ = Kind::plain;
-        takeStops({*color}, scheme, opacity);
-        plain_ = packed(stops_.front());
+        plain_ = packed(stopOf(*color, scheme, opacity));
         return plain_ >> 24 != 0;
     }
     tableIsFilled_ = false;

@@ -38,6 +38,7 @@ private:
         float alpha = 0;
     };
 
+    static Stop stopOf(const Color& color, ColorScheme scheme, double opacity);
     static std::uint32_t packed(const Stop& stop);
 
     Kind kind_ = Kind::plain;

@@ -29,15 +29,17 @@ Point beside(Point direction) {
     return {-direction.y, direction.x};
 }
 
-/// The line being widened: its points without repetition, and the directions between them.
+/// The line being widened: its points without repetition, and the steps between them.
 struct Way {
     std::vector<Point> points;
     std::vector<Point> directions;
+    std::vector<double> lengths;
     bool closed = false;
 
     void take(std::span<const Point> contour, bool isClosed) {
         points.clear();
         directions.clear();
+        lengths.clear();
         closed = isClosed;
         constexpr double nothing = 1e-9;
         for (const Point& point : contour) {
@@ -56,11 +58,32 @@ struct Way {
         const std::size_t count = points.size();
         for (std::size_t index = 0; index + (closed ? 0 : 1) < count; ++index) {
             const Point step = minus(points[(index + 1) % count], points[index]);
-            const double length = std::hypot(step.x, step.y);
+            const double length = std::sqrt(dot(step, step));
             directions.push_back({step.x / length, step.y / length});
+            lengths.push_back(length);
         }
     }
 };
+
+/// Where two steps of a line meet.
+struct Bend {
+    Point vertex;
+    Point before;        ///< direction
+    Point after;         ///< direction
+    double shortest = 0; ///< length of the shorter step
+};
+
+/// The bend at a point between two steps, as one meets it on the way or on the way back.
+Bend bendAt(const Way& way, std::size_t index, bool back) {
+    const std::size_t earlier = (index + way.points.size() - 1) % way.points.size();
+    const Point in = way.directions[earlier];
+    const Point out = way.directions[index];
+    const double shortest = std::min(way.lengths[earlier], way.lengths[index]);
+    if (back) {
+        return {way.points[index], {-out.x, -out.y}, {-in.x, -in.y}, shortest};
+    }
+    return {way.points[index], in, out, shortest};
+}
 
 struct Widening {
     Outline& outline;
@@ -71,38 +94,50 @@ struct Widening {
     /// Points on a circle from one direction to another, the short way or, for opposite ones, the given way.
     void arc(Point center, Point from, double angle) const {
         const double pixels = half * scale;
-        const double step = pixels > 0.05 ? 2 * std::acos(std::max(1 - 0.05 / pixels, 0.3)) : 2;
+        const double step = pixels > flatness ? 2 * std::acos(std::max(1 - flatness / pixels, 0.3)) : 2;
         const int count = std::max(1, static_cast<int>(std::ceil(std::fabs(angle) / step)));
         const double sine = std::sin(angle / count);
         const double cosine = std::cos(angle / count);
+        // A little outside, so that the polygon has the circle's area.
+        const double radius = half * std::sqrt(angle / count / sine);
         Point direction = from;
         for (int piece = 1; piece < count; ++piece) {
             direction = {
                 direction.x * cosine - direction.y * sine, direction.x * sine + direction.y * cosine};
-            outline.add(plus(center, direction, half));
+            outline.add(plus(center, direction, radius));
         }
     }
 
-    /// One side of a bend: `side` is +1 or -1 times the direction's right.
-    void bend(Point vertex, Point before, Point after, double side) const {
-        const Point from{beside(before).x * side, beside(before).y * side};
-        const Point to{beside(after).x * side, beside(after).y * side};
-        const double turn = cross(before, after);
-        const double along = dot(before, after);
-        outline.add(plus(vertex, from, half));
-        // Nearly straight on: the two points are as good as one.
-        if (along > 0.999) {
+    /// True if the two sides may meet in one point each: the outer one lies no farther off the rounded bend
+    /// than a flattened curve may, and the inner one within both steps.
+    bool isSmooth(const Bend& bend) const {
+        const double along = dot(bend.before, bend.after);
+        const double squared = 2 + 2 * along; // of the sum of the directions
+        if (squared <= 1) {
+            return false;
+        }
+        return half * scale * (2 / std::sqrt(squared) - 1) <= flatness / 2 &&
+               half * std::fabs(cross(bend.before, bend.after)) < bend.shortest * (1 + along);
+    }
+
+    /// The right side of a bend.
+    void turn(const Bend& bend) const {
+        const Point from = beside(bend.before);
+        const Point to = beside(bend.after);
+        if (isSmooth(bend)) {
+            const Point middle{from.x + to.x, from.y + to.y};
+            outline.add(plus(bend.vertex, middle, 2 * half / dot(middle, middle)));
             return;
         }
-        const bool outer = turn * side < 0;
-        if (!outer) {
-            outline.add(vertex);
+        outline.add(plus(bend.vertex, from, half));
+        if (cross(bend.before, bend.after) >= 0) {
+            outline.add(bend.vertex);
         } else if (style.join == LineJoin::round) {
-            arc(vertex, from, std::atan2(cross(from, to), dot(from, to)));
+            arc(bend.vertex, from, std::atan2(cross(from, to), dot(from, to)));
         } else {
-            miter(vertex, from, to);
+            miter(bend.vertex, from, to);
         }
-        outline.add(plus(vertex, to, half));
+        outline.add(plus(bend.vertex, to, half));
     }
 
     void miter(Point vertex, Point from, Point to) const {
@@ -127,13 +162,11 @@ struct Widening {
         const std::size_t last = way.points.size() - 1;
         outline.begin();
         for (std::size_t index = 1; index < last; ++index) {
-            bend(way.points[index], way.directions[index - 1], way.directions[index], 1);
+            turn(bendAt(way, index, false));
         }
         cap(way.points[last], way.directions.back());
         for (std::size_t index = last - 1; index > 0; --index) {
-            const Point before{-way.directions[index].x, -way.directions[index].y};
-            const Point after{-way.directions[index - 1].x, -way.directions[index - 1].y};
-            bend(way.points[index], before, after, 1);
+            turn(bendAt(way, index, true));
         }
         const Point first = way.directions.front();
         cap(way.points.front(), {-first.x, -first.y});
@@ -144,15 +177,12 @@ struct Widening {
         const std::size_t count = way.points.size();
         outline.begin();
         for (std::size_t index = 0; index < count; ++index) {
-            bend(way.points[index], way.directions[(index + count - 1) % count], way.directions[index], 1);
+            turn(bendAt(way, index, false));
         }
         outline.close();
         outline.begin();
         for (std::size_t step = 0; step < count; ++step) {
-            const std::size_t index = count - 1 - step;
-            const Point before{-way.directions[index].x, -way.directions[index].y};
-            const Point next = way.directions[(index + count - 1) % count];
-            bend(way.points[index], before, {-next.x, -next.y}, 1);
+            turn(bendAt(way, count - 1 - step, true));
         }
         outline.close();
     }
