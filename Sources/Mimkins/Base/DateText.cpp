@@ -1,6 +1,7 @@
 #include "Base/DateText.h"
 
 #include <unicode/datefmt.h>
+#include <unicode/timezone.h>
 #include <unicode/unistr.h>
 
 #include <array>
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 namespace mimkins::text {
 
@@ -83,17 +85,38 @@ double zoneOffset(Scanner& scanner) {
     return west ? -seconds : seconds;
 }
 
-/// In a format that is taken over; empty if there is none.
-std::string formatted(Date date, icu::DateFormat* made) {
-    const std::unique_ptr<icu::DateFormat> format(made);
-    icu::UnicodeString words;
-    std::string result;
-    if (format) {
-        format->format(date.milliseconds(), words);
-        words.toUTF8String(result);
+/// ICU opens its data to make a format, which costs a thousand times what using it does. So a format is kept
+/// for as long as the language and the time zone stay what they are.
+class KeptFormat {
+public:
+    using Make = icu::DateFormat* (*)(const icu::Locale& locale);
+
+    explicit KeptFormat(Make make) : make_(make) {}
+
+    /// Empty if there is no format.
+    std::string text(Date date) {
+        const icu::Locale& locale = icu::Locale::getDefault();
+        std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createDefault());
+        if (!format_ || locale_ != locale || !(*zone_ == *zone)) {
+            locale_ = locale;
+            zone_ = std::move(zone);
+            format_.reset(make_(locale));
+        }
+        std::string result;
+        if (format_) {
+            icu::UnicodeString words;
+            format_->format(date.milliseconds(), words);
+            words.toUTF8String(result);
+        }
+        return result;
     }
-    return result;
-}
+
+private:
+    Make make_;
+    icu::Locale locale_;
+    std::unique_ptr<icu::TimeZone> zone_;
+    std::unique_ptr<icu::DateFormat> format_;
+};
 
 } // namespace
 
@@ -149,13 +172,19 @@ std::string description(Date date) {
 }
 
 std::string shortTime(Date date) {
-    return formatted(date, icu::DateFormat::createTimeInstance(icu::DateFormat::kShort));
+    thread_local KeptFormat format([](const icu::Locale& locale) {
+        return icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, locale);
+    });
+    return format.text(date);
 }
 
 std::string dateAndShortTime(Date date) {
-    return formatted(
-        date, icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium, icu::DateFormat::kShort)
-    );
+    thread_local KeptFormat format([](const icu::Locale& locale) {
+        return icu::DateFormat::createDateTimeInstance(
+            icu::DateFormat::kMedium, icu::DateFormat::kShort, locale
+        );
+    });
+    return format.text(date);
 }
 
 } // namespace mimkins::text

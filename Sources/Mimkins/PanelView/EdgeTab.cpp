@@ -6,6 +6,8 @@
 #include "Drawing/Qt/Scheme.h"
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/AnimationTime.h"
+#include "PanelView/ShiftedPicture.h"
+#include "PanelView/StretchedPicture.h"
 #include "Presentation/PanelFrames.h"
 #include "Presentation/StatusItem.h"
 #include "Presentation/Wiggle.h"
@@ -71,7 +73,7 @@ void EdgeTab::setContent(const Content& content) {
 }
 
 void EdgeTab::redraw() {
-    still_ = QPixmap();
+    still_ = QImage();
     update();
 }
 
@@ -194,9 +196,7 @@ void EdgeTab::prepare() {
     if (!still_.isNull() && still_.devicePixelRatio() == ratio) {
         return;
     }
-    still_ = QPixmap(size() * ratio);
-    still_.setDevicePixelRatio(ratio);
-    still_.fill(Qt::transparent);
+    still_ = clearPicture(size(), ratio);
     outline_ = still_.copy();
     QPainter still(&still_);
     drawStill(still);
@@ -207,20 +207,14 @@ void EdgeTab::prepare() {
 void EdgeTab::paintEvent(QPaintEvent*) {
     prepare();
     QPainter painter(this);
-    painter.translate(offset_, 0);
-    const bool shakes = offset_ != 0; // pictures would jump from pixel to pixel
-    if (shakes) {
-        drawStill(painter);
-    } else {
-        painter.drawPixmap(0, 0, still_);
-    }
+    // The painter would let a picture jump from pixel to pixel.
+    const auto draw = [this, &painter](const QImage& picture) {
+        painter.drawImage(0, 0, offset_ == 0 ? picture : shifted(picture, offset_));
+    };
+    draw(still_);
     if (content_.badge.blocked) {
         painter.setOpacity(glowOpacity(glowMoment_));
-        if (shakes) {
-            drawOutline(painter);
-        } else {
-            painter.drawPixmap(0, 0, outline_);
-        }
+        draw(outline_);
     }
 }
 

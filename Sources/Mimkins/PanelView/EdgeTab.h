@@ -7,7 +7,7 @@
 #include "Presentation/EdgeTabBadge.h"
 
 #include <QAbstractButton>
-#include <QPixmap>
+#include <QImage>
 
 #include <functional>
 
@@ -66,8 +66,8 @@ private:
     Content content_;
     Backdrop backdrop_;
     bool covered_ = false;
-    QPixmap still_;   ///< all but the glow, at its ordinary place
-    QPixmap outline_; ///< the glow at its strongest
+    QImage still_;   ///< all but the glow, at its ordinary place
+    QImage outline_; ///< the glow at its strongest
     double glowMoment_ = 0;
     double offset_ = 0;
     Handle glowing_;
