@@ -97,7 +97,9 @@ void EdgeTab::keepTime() {
 
 void EdgeTab::glow() {
     glowMoment_ = animationTime(loop_.now());
-    update();
+    if (offset_ == 0) { // else the next frame of the wiggle shows it
+        update();
+    }
 }
 
 void EdgeTab::wiggle() {
