@@ -43,11 +43,8 @@ const std::vector<std::string>& quotedSources() {
                 continue;
             }
             std::string quoted;
-            for (std::ifstream file(entry.path(), std::ios::binary); const int byte = file.get();) {
-                if (byte < 0) {
-                    break;
-                }
-                const char character = static_cast<char>(byte);
+            std::ifstream file(entry.path(), std::ios::binary);
+            for (char character = 0; file.get(character);) {
                 if (character == '\n') {
                     quoted += "\\n";
                 } else if (character == '"' || character == '\\') {

@@ -1,4 +1,5 @@
 #include "Platform/Linux/LinuxFileSystem.h"
+#include "RecordedTranscript.h"
 #include "Subtask/SubtaskReader.h"
 
 #include <benchmark/benchmark.h>
@@ -6,7 +7,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 // The end of a transcript: at most 60 microseconds to read and parse 64 KiB.
@@ -77,17 +77,6 @@ std::string transcript(int resultLines, const std::string& sourceLine) {
     return text;
 }
 
-/// A transcript of a real client's lines, each as often as it takes.
-std::string recorded() {
-    std::ifstream file(MIMKINS_SOURCE_DIR "/Tests/Data/transcripts/transcript-main.jsonl", std::ios::binary);
-    const std::string once{std::istreambuf_iterator<char>(file), {}};
-    std::string text;
-    while (!once.empty() && text.size() < 2 * SubtaskReader::tailBytes) {
-        text += once;
-    }
-    return text;
-}
-
 void readSubtask(benchmark::State& state, const std::string& sourceLine) {
     const Transcript file(transcript(static_cast<int>(state.range(0)), sourceLine));
     const LinuxFileSystem files;
@@ -121,7 +110,7 @@ void readAndParse(benchmark::State& state, const std::string& text) {
 }
 
 void readAndParseRecorded(benchmark::State& state) {
-    const std::string text = recorded();
+    const std::string text = recordedTranscript();
     if (text.empty()) {
         state.SkipWithError("the recorded transcript is missing");
         return;

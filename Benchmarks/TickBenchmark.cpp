@@ -1,3 +1,4 @@
+#include "RecordedTranscript.h"
 #include "RunningStore.h"
 
 #include <benchmark/benchmark.h>
@@ -16,7 +17,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -66,17 +66,6 @@ private:
     pid_t pid_ = 0;
 };
 
-/// A recorded transcript, over and over, so that every tail has its full length.
-std::string recorded() {
-    std::ifstream file(MIMKINS_SOURCE_DIR "/Tests/Data/transcripts/transcript-main.jsonl", std::ios::binary);
-    const std::string once{std::istreambuf_iterator<char>(file), {}};
-    std::string text;
-    while (!once.empty() && text.size() < 2 * SubtaskReader::tailBytes) {
-        text += once;
-    }
-    return text;
-}
-
 std::string milliseconds() {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     return std::to_string(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
@@ -92,7 +81,7 @@ public:
     BusyHome() : sleepers_(sessionCount) {
         std::string pattern = (std::filesystem::temp_directory_path() / "mimkins-bench-XXXXXX").string();
         folder_ = ::mkdtemp(pattern.data());
-        const std::string transcript = recorded();
+        const std::string transcript = recordedTranscript();
         std::filesystem::create_directories(paths().sessions());
         std::filesystem::create_directories(paths().clientRegistry());
         for (int number = 0; number < repositoryCount; ++number) {
