@@ -1,14 +1,16 @@
 #!/usr/bin/env python3
-"""Runs the scenarios against the real client and the `mimkin` command. Started by `run`, which finds both."""
+"""Runs the scenarios against the real client and the programs under test. Started by `run`, which finds them."""
 
 import argparse
 import signal
 import sys
 import traceback
+from contextlib import ExitStack
 from pathlib import Path
 from types import ModuleType
 
 import scenarios
+from harness.application import Application
 from harness.home import Home
 from harness.mimkin import Mimkin
 from harness.report import Report, ScenarioOver
@@ -34,6 +36,7 @@ def parse() -> argparse.Namespace:
     parser.add_argument("--keep", action="store_true", help="leave the scenarios' home folders for a look")
     parser.add_argument("--client", type=Path, required=True, help="the agent client")
     parser.add_argument("--mimkin", type=Path, required=True, help="the mimkin command")
+    parser.add_argument("--mimkins", type=Path, required=True, help="the application")
     parser.add_argument("--homes", type=Path, required=True, help="where the throw-away home folders are made")
     return parser.parse_args()
 
@@ -63,20 +66,32 @@ def run(scenario: ModuleType, options: argparse.Namespace, report: Report) -> No
 
 
 def carry_through(scenario: ModuleType, home: Home, options: argparse.Namespace, report: Report) -> None:
-    service = ModelService(home, scenario.SCRIPTS)
-    session = Session(home, options.client.resolve(), Mimkin(options.mimkin.resolve(), home), service)
+    with ExitStack() as ending:
+        service = ModelService(home, scenario.SCRIPTS)
+        ending.callback(service.stop)
+        session = Session(home, options.client.resolve(), Mimkin(options.mimkin.resolve(), home), service)
+        ending.callback(session.stop)
+        application = []
+        if hasattr(scenario, "WITH_APPLICATION"):
+            pictures = options.homes.resolve() / "pictures" / name_of(scenario)
+            application = [Application(options.mimkins.resolve(), home, pictures)]
+            ending.callback(application[0].stop)
+        perform(scenario, session, application, report)
+
+
+def perform(scenario: ModuleType, session: Session, application: list[Application], report: Report) -> None:
+    """Runs the scenario's checks. The hooks are connected before, unless there is an application to do it in."""
+
+    def evidence() -> str:
+        return "\n".join(part.evidence() for part in [session, *application])
+
+    check = report.scenario(name_of(scenario), evidence)
     try:
-        check = report.scenario(name_of(scenario), session.evidence)
-        try:
+        if not application:
             session.mimkin.connect()
-            scenario.run(session, check)
-        except Missed as missed:
-            report.broke(f"{name_of(scenario)}, outside its checks: {missed}\n{session.evidence()}")
-    finally:
-        try:
-            session.stop()
-        finally:
-            service.stop()
+        scenario.run(session, check, *application)
+    except Missed as missed:
+        report.broke(f"{name_of(scenario)}, outside its checks: {missed}\n{evidence()}")
 
 
 if __name__ == "__main__":

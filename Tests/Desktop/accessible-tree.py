@@ -18,6 +18,12 @@ from gi.repository import Atspi  # noqa: E402
 warnings.simplefilter("ignore", DeprecationWarning)  # the bindings warn of their own names
 
 
+def place(node):
+    """Where it is on the screen: left, top, width, height."""
+    extents = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+    return [extents.x, extents.y, extents.width, extents.height]
+
+
 def walk(node, parent):
     """All below a node that is showing, with the name of what holds it."""
     for index in range(node.get_child_count()):
@@ -31,6 +37,7 @@ def walk(node, parent):
                 "name": name,
                 "description": child.get_description() or "",
                 "parent": parent,
+                "place": place(child),
             }
         yield from walk(child, name)
 

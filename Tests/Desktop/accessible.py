@@ -42,6 +42,7 @@ class Item:
     name: str
     description: str
     parent: str  # the name of what holds it
+    place: list  # left, top, width and height on the screen
 
 
 def read():

@@ -1,6 +1,7 @@
 """The scenarios, in the order in which they run."""
 
 from . import (
+    application,
     background,
     commit,
     compaction,
@@ -30,4 +31,5 @@ ALL = [
     commit,
     interrupt,
     compaction,
+    application,
 ]
