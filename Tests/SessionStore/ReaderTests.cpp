@@ -162,6 +162,24 @@ protected:
 
 } // namespace
 
+TEST(StatusRecordReader, AFileIsReadOnlyWhenItChanges) {
+    MemoryFileSystem files;
+    StatusReader reader(files);
+    const auto state = [&reader] { return reader.read({"/new", "/old"}, now).at("s").state; };
+    files.write("/new/a.json", record("s", 10, "working"));
+    files.write("/old/a.json", record("s", 9, "idle"));
+    EXPECT_EQ(state(), "working");
+    EXPECT_EQ(state(), "working");
+    EXPECT_EQ(files.reads("/new/a.json"), 1);
+    files.write("/new/a.json", record("s", 11, "waiting"));
+    EXPECT_EQ(state(), "waiting");
+    EXPECT_EQ(files.reads("/old/a.json"), 1);
+    files.remove("/new/a.json");
+    EXPECT_EQ(state(), "idle");
+    files.remove("/old/a.json");
+    EXPECT_TRUE(reader.read({"/new", "/old"}, now).empty());
+}
+
 TEST_F(RegistryReaderTest, KeepsOnlyLivingProcesses) {
     files.write("/r/.hidden.json", entry("s", "busy"));
     files.write("/r/8.json", entry("gone", "busy", 8));

@@ -11,6 +11,10 @@ namespace {
 
 constexpr std::size_t largestRegistryFile = 1 << 20;
 
+bool isRegistryFile(std::string_view name) {
+    return text::pathExtension(name) == "json";
+}
+
 } // namespace
 
 std::optional<RegistryEntry> parseRegistryEntry(std::string_view text) {
@@ -40,34 +44,17 @@ std::optional<RegistryEntry> parseRegistryEntry(std::string_view text) {
     return entry;
 }
 
+RegistryReader::RegistryReader(const FileSystem& files, const Processes& processes)
+    : documents_(files, {isRegistryFile, parseRegistryEntry, largestRegistryFile}), processes_(&processes) {}
+
 std::map<std::string, RegistryEntry> RegistryReader::read(const std::string& folder, Date now) {
     std::map<std::string, RegistryEntry> entries;
-    std::map<std::string, Document> seen;
-    for (const auto& name : files_->list(folder)) {
-        if (text::pathExtension(name) != "json") {
-            continue;
+    documents_.forEach({folder}, now, [this, &entries](const RegistryEntry& entry) {
+        if (processes_->isAlive(entry.pid)) {
+            entries.insert_or_assign(entry.sessionId, entry);
         }
-        const std::string path = std::string(folder).append("/").append(name);
-        const auto stamp = files_->stamp(path);
-        auto known = documents_.extract(path);
-        if (known.empty() || !known.mapped().holdsFor(stamp)) {
-            known = std::map<std::string, Document>{{path, readDocument(path, stamp, now)}}.extract(path);
-        }
-        const auto& entry = seen.insert(std::move(known)).position->second.value();
-        if (entry && processes_->isAlive(entry->pid)) {
-            entries.insert_or_assign(entry->sessionId, *entry);
-        }
-    }
-    documents_ = std::move(seen);
+    });
     return entries;
-}
-
-RegistryReader::Document
-RegistryReader::readDocument(const std::string& path, const std::optional<FileStamp>& stamp, Date now) const {
-    const auto bytes = files_->readFile(path, largestRegistryFile);
-    Document document;
-    document.take(bytes ? parseRegistryEntry(*bytes) : std::nullopt, bytes ? stamp : std::nullopt, now);
-    return document;
 }
 
 } // namespace mimkins

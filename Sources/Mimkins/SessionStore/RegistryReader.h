@@ -2,7 +2,7 @@
 
 #include "Base/Date.h"
 #include "Platform/FileSystem.h"
-#include "Platform/KeptReading.h"
+#include "Platform/KeptDocuments.h"
 #include "Platform/Processes.h"
 #include "Session/Sources.h"
 
@@ -22,21 +22,14 @@ std::optional<RegistryEntry> parseRegistryEntry(std::string_view text);
 class RegistryReader {
 public:
     /// Both outlive the reader.
-    RegistryReader(const FileSystem& files, const Processes& processes)
-        : files_(&files), processes_(&processes) {}
+    RegistryReader(const FileSystem& files, const Processes& processes);
 
     /// The entries whose process lives, keyed by session id. Of two files with one id the later name stands.
     std::map<std::string, RegistryEntry> read(const std::string& folder, Date now);
 
 private:
-    /// A document that can't be used is kept as nothing.
-    using Document = KeptReading<std::optional<RegistryEntry>>;
-
-    Document readDocument(const std::string& path, const std::optional<FileStamp>& stamp, Date now) const;
-
-    const FileSystem* files_;
+    KeptDocuments<RegistryEntry> documents_;
     const Processes* processes_;
-    std::map<std::string, Document> documents_; ///< by path
 };
 
 } // namespace mimkins

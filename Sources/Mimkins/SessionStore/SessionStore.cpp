@@ -20,8 +20,9 @@ constexpr std::int64_t repositoryTicks = 3; // and background work
 } // namespace
 
 SessionStore::SessionStore(Paths paths, SessionStoreServices services)
-    : paths_(std::move(paths)), services_(services), registryReader_(services.files, services.processes),
-      appSessions_(services.files), transcriptReader_(services.files), subtaskList_(services.files),
+    : paths_(std::move(paths)), services_(services), statusReader_(services.files),
+      registryReader_(services.files, services.processes), appSessions_(services.files),
+      transcriptReader_(services.files), subtaskList_(services.files),
       approvalFinder_(services.files, services.processes),
       scanner_(std::make_shared<BackgroundScanner>(services.transcripts)) {
     statusFolders_.push_back(paths_.sessions());
@@ -107,7 +108,7 @@ void SessionStore::toggleSubtasks(const std::string& id) {
 }
 
 void SessionStore::reloadRecords() {
-    records_ = readStatusRecords(services_.files, statusFolders_);
+    records_ = statusReader_.read(statusFolders_, services_.loop.now());
     rebuild(false);
 }
 

@@ -15,6 +15,7 @@
 #include "SessionStore/AppSessionReader.h"
 #include "SessionStore/RegistryReader.h"
 #include "SessionStore/SessionOrder.h"
+#include "SessionStore/StatusReader.h"
 #include "Subtask/ApprovalFinder.h"
 #include "Subtask/SubtaskList.h"
 #include "Sweep/RepositoryWatch.h"
@@ -176,6 +177,7 @@ private:
     sigc::signal<void()> subtasksChanged_;
 
     std::map<std::string, StatusRecord> records_;
+    StatusReader statusReader_;
     RegistryReader registryReader_;
     std::map<std::string, RegistryEntry> registry_;
     AppSessionReader appSessions_;

@@ -10,6 +10,10 @@ namespace {
 /// A record holds short strings; anything larger isn't one.
 constexpr std::size_t largestStatusFile = 1 << 20;
 
+bool isStatusFile(std::string_view name) {
+    return name.front() != '.' && text::pathExtension(name) == "json";
+}
+
 /// Takes typed fields off an object and remembers whether one was of the wrong type.
 class StrictFields {
 public:
@@ -84,26 +88,23 @@ std::optional<StatusRecord> parseStatusRecord(std::string_view text) {
     return fields.good() ? std::optional(std::move(record)) : std::nullopt;
 }
 
+StatusReader::StatusReader(const FileSystem& files)
+    : documents_(files, {isStatusFile, parseStatusRecord, largestStatusFile}) {}
+
+std::map<std::string, StatusRecord> StatusReader::read(const std::vector<std::string>& folders, Date now) {
+    std::map<std::string, StatusRecord> records;
+    documents_.forEach(folders, now, [&records](const StatusRecord& record) {
+        const auto held = records.find(record.id);
+        if ((held != records.end() ? held->second.ts : 0) <= record.ts) {
+            records.insert_or_assign(record.id, record);
+        }
+    });
+    return records;
+}
+
 std::map<std::string, StatusRecord>
 readStatusRecords(const FileSystem& files, const std::vector<std::string>& folders) {
-    std::map<std::string, StatusRecord> records;
-    for (const auto& folder : folders) {
-        for (const auto& name : files.list(folder)) {
-            if (name.front() == '.' || text::pathExtension(name) != "json") {
-                continue;
-            }
-            const auto bytes = files.readFile(folder + "/" + name, largestStatusFile);
-            auto record = bytes ? parseStatusRecord(*bytes) : std::nullopt;
-            if (!record) {
-                continue;
-            }
-            const auto held = records.find(record->id);
-            if ((held != records.end() ? held->second.ts : 0) <= record->ts) {
-                records.insert_or_assign(record->id, std::move(*record));
-            }
-        }
-    }
-    return records;
+    return StatusReader(files).read(folders, {});
 }
 
 } // namespace mimkins
