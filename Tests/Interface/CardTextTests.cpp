@@ -2,6 +2,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "PanelView/CardText.h"
 #include "PanelView/CardView.h"
+#include "PanelView/SessionList.h"
 #include "PanelView/SummaryLabel.h"
 #include "Presentation/Accent.h"
 
@@ -11,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <map>
 
 namespace mimkins::test {
@@ -359,6 +361,27 @@ TEST(CardText, NoWordOfAStateIsLostAndNoTimeStandsAloneThatFitsBesideAWord) {
         }
     }
     EXPECT_GT(together, 3 * 3 * 2 * static_cast<int>(allMoods.size()) * 3 / 4);
+}
+
+TEST(SessionList, CardGrowsWithATimeThatNeedsALineOfItsOwn) {
+    const CardLook shown = look(1);
+    SessionList list(shown);
+    list.setPaused(true);
+    list.show();
+    auto hour = row(cases[0]);
+    hour.since = Date{0};
+    bool grew = false;
+    for (int width = 280; width < 420; width += 4) {
+        list.resize(width, 600);
+        list.setRows({hour}, Date{3'599});
+        const auto& card = *list.cards().front();
+        const int before = card.height();
+        list.setNow(Date{3'600});
+        const int room = 2 * CardView::shadowRoom;
+        EXPECT_EQ(card.height() - room, std::lround(card.heightFor(card.width() - room))) << width;
+        grew = grew || card.height() > before;
+    }
+    EXPECT_TRUE(grew);
 }
 
 TEST(CardText, LongWordGoesOnInTheSecondLine) {
