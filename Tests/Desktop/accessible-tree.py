@@ -18,28 +18,32 @@ from gi.repository import Atspi  # noqa: E402
 warnings.simplefilter("ignore", DeprecationWarning)  # the bindings warn of their own names
 
 
-def place(node):
-    """Where it is on the screen: left, top, width, height."""
-    extents = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
-    return [extents.x, extents.y, extents.width, extents.height]
+def describe(node, parent, window, states):
+    area = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+    return {
+        "role": node.get_role_name() or "",
+        "name": node.get_name() or "",
+        "description": node.get_description() or "",
+        "parent": parent,
+        "window": window,
+        "place": [area.x, area.y, area.width, area.height],
+        "checked": states.contains(Atspi.StateType.CHECKED),
+        "focused": states.contains(Atspi.StateType.FOCUSED),
+    }
 
 
-def walk(node, parent):
-    """All below a node that is showing, with the name of what holds it."""
+def walk(node, parent, window):
+    """All below a node that is showing, with the names of what holds it and of its window."""
     for index in range(node.get_child_count()):
         child = node.get_child_at_index(index)
         if child is None:
             continue
         name = child.get_name() or ""
-        if child.get_state_set().contains(Atspi.StateType.SHOWING):
-            yield child, {
-                "role": child.get_role_name() or "",
-                "name": name,
-                "description": child.get_description() or "",
-                "parent": parent,
-                "place": place(child),
-            }
-        yield from walk(child, name)
+        within = window or name
+        states = child.get_state_set()
+        if states.contains(Atspi.StateType.SHOWING):
+            yield child, describe(child, parent, within, states)
+        yield from walk(child, name, within)
 
 
 def tree():
@@ -47,7 +51,7 @@ def tree():
     for index in range(desktop.get_child_count()):
         program = desktop.get_child_at_index(index)
         if program is not None and program.get_name() == "mimkins":
-            yield from walk(program, "")
+            yield from walk(program, "", "")
 
 
 def press(role, name, parent):

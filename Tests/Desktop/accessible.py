@@ -6,14 +6,12 @@ Started by Tests/Desktop/accessible on a session bus of its own.
 import json
 import os
 import subprocess
-import sys
 import time
-from dataclasses import dataclass
 
-TREE = [sys.executable, "-B", os.path.join(os.path.dirname(__file__), "accessible-tree.py")]
+from reading import Checks, find, let_be_read, named, patiently, press
+
 HOME = os.environ["MIMKINS_HOME"]
 REPORTS = os.path.join(HOME, "Library/Application Support/Mimkins/sessions")
-PATIENCE = 20  # seconds
 
 SESSIONS = {
     "shop": "Needs your OK",
@@ -31,54 +29,7 @@ SESSIONS = {
     "ledger": "Commit ready",
 }
 
-failures = 0
-
-
-@dataclass
-class Item:
-    """One object of the tree as it was read."""
-
-    role: str
-    name: str
-    description: str
-    parent: str  # the name of what holds it
-    place: list  # left, top, width and height on the screen
-
-
-def read():
-    """All that is on the screen; nothing if it changed while it was read."""
-    look = subprocess.run(TREE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, timeout=PATIENCE)
-    return [Item(**item) for item in json.loads(look.stdout)] if look.returncode == 0 else []
-
-
-def press(*what):
-    return subprocess.run(TREE + list(what), stderr=subprocess.DEVNULL, timeout=PATIENCE).returncode == 0
-
-
-def find(items, role, matches):
-    for item in items:
-        if item.role == role and matches(item):
-            return item
-    return None
-
-
-def patiently(look):
-    """Repeats a look at the tree until it gives something."""
-    end = time.monotonic() + PATIENCE
-    while True:
-        found = look(read())
-        if found:
-            return found
-        if time.monotonic() > end:
-            return None
-        time.sleep(0.2)
-
-
-def check(words, holds):
-    global failures
-    print(("ok      " if holds else "FAILED  ") + words, flush=True)
-    failures += 0 if holds else 1
-    return holds
+check = Checks()
 
 
 def session(project, mood):
@@ -87,10 +38,6 @@ def session(project, mood):
         return len(parts) == 3 and parts[0] and parts[1] == mood and parts[2] == project
 
     return lambda items: find(items, "push button", matches)
-
-
-def named(role, name):
-    return lambda items: find(items, role, lambda item: item.name == name)
 
 
 def check_drawer():
@@ -179,11 +126,7 @@ def check_wrap_up():
 
 
 def run():
-    subprocess.run(
-        ["gdbus", "call", "--session", "--dest", "org.a11y.Bus", "--object-path", "/org/a11y/bus", "--method",
-         "org.freedesktop.DBus.Properties.Set", "org.a11y.Status", "IsEnabled", "<true>"],
-        check=True, stdout=subprocess.DEVNULL,
-    )
+    let_be_read()
     with open(os.environ["MIMKINS_LOG"], "ab") as log:
         program = subprocess.Popen(
             [os.environ["MIMKINS_PROGRAM"], "--home", HOME], stdout=log, stderr=log
@@ -202,5 +145,4 @@ def run():
 
 
 run()
-print(f"{failures} failed")
-sys.exit(1 if failures else 0)
+check.end()

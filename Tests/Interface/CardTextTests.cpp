@@ -2,6 +2,7 @@
 #include "Drawing/Qt/Conversions.h"
 #include "PanelView/CardText.h"
 #include "PanelView/CardView.h"
+#include "PanelView/SessionList.h"
 #include "PanelView/SummaryLabel.h"
 #include "Presentation/Accent.h"
 
@@ -11,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <map>
 
 namespace mimkins::test {
@@ -285,6 +287,101 @@ TEST(CardText, TimeStandsBesideTheStateRatherThanAlone) {
                                     .horizontalAdvance(qt::text(label(Mood::background))) < width - 50;
         EXPECT_TRUE(!fitsBeside || places[CardText::Role::elapsed].top() == mood.top()) << width;
     }
+}
+
+/// The words of each line of the state, with what stands on it.
+QStringList stateLines(const CardText& set) {
+    std::map<double, QStringList> lines;
+    for (const auto& run : set.runs) {
+        using Role = CardText::Role;
+        if (run.role == Role::name || run.role == Role::mood || run.role == Role::separator ||
+            run.role == Role::elapsed) {
+            lines[run.rect.top()].append(run.text);
+        }
+    }
+    QStringList all;
+    for (const auto& [top, words] : lines) {
+        all.append(words.join(' '));
+    }
+    return all;
+}
+
+std::string stateOf(const CardRow& row, const QString& elapsed, double width, const CardLook& look) {
+    return stateLines(setCardText(row, elapsed, width, look)).join(" / ").toStdString();
+}
+
+TEST(CardText, StateOfALargeFontBreaksBetweenItsWordsSoThatTheTimeHasCompany) {
+    const CardLook shown = look(2);
+    const QFont bold = shown.typography.font(11, QFont::DemiBold);
+    auto large = row(cases[0]);
+    large.moodLabel = label(Mood::needsPermission);
+    // Enough for the state, and too little for the time beside it.
+    const double width = QFontMetricsF(bold).horizontalAdvance(qt::text(large.moodLabel)) + 20;
+    large.name = std::nullopt;
+    EXPECT_EQ(stateOf(large, "5m", width, shown), "Needs your / OK · 5m");
+    large.name = "Bo";
+    EXPECT_EQ(stateOf(large, "5m", width, shown), "Bo · Needs your / OK · 5m");
+    large.name = "Marmalade";
+    EXPECT_EQ(stateOf(large, "5m", width, shown), "Marmalade / Needs your / OK · 5m");
+}
+
+TEST(CardText, StateBeginsBesideTheNameOnlyIfThatSavesALine) {
+    const CardLook shown = look(2);
+    const QFont bold = shown.typography.font(11, QFont::DemiBold);
+    auto large = row(cases[0]);
+    large.name = "Mochi";
+    large.moodLabel = label(Mood::needsInput);
+    const double width = QFontMetricsF(bold).horizontalAdvance("Needs your") + 25;
+    EXPECT_EQ(stateOf(large, "5m", width, shown), "Mochi / Needs your / input · 5m");
+}
+
+TEST(CardText, NoWordOfAStateIsLostAndNoTimeStandsAloneThatFitsBesideAWord) {
+    int together = 0;
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        const CardLook shown = look(scale);
+        const QFont bold = shown.typography.font(11, QFont::DemiBold);
+        const QFont plain = shown.typography.font(11, QFont::Medium);
+        for (const double drawer : {280.0, 320.0, 380.0}) {
+            const double width = drawer - 24 - 10 - 62 - 10 - 10;
+            for (const auto mood : allMoods) {
+                auto each = row(cases[0]);
+                each.moodLabel = label(mood);
+                const QString lastWord = qt::text(each.moodLabel).section(' ', -1);
+                const double wanted = QFontMetricsF(bold).horizontalAdvance(lastWord) +
+                                      QFontMetricsF(plain).horizontalAdvance("·88m") + 8 + 3;
+                for (const bool named : {true, false}) {
+                    each.name = named ? std::optional<std::string>("Jellybean") : std::nullopt;
+                    const auto set = setCardText(each, "59m", width, shown);
+                    EXPECT_EQ(textsOf(set, CardText::Role::mood).join(' '), qt::text(each.moodLabel));
+                    const bool beside = stateLines(set).back().contains("· 59m");
+                    EXPECT_TRUE(beside || wanted > width) << each.moodLabel << " in " << drawer;
+                    together += beside ? 1 : 0;
+                }
+            }
+        }
+    }
+    EXPECT_GT(together, 3 * 3 * 2 * static_cast<int>(allMoods.size()) * 3 / 4);
+}
+
+TEST(SessionList, CardGrowsWithATimeThatNeedsALineOfItsOwn) {
+    const CardLook shown = look(1);
+    SessionList list(shown);
+    list.setPaused(true);
+    list.show();
+    auto hour = row(cases[0]);
+    hour.since = Date{0};
+    bool grew = false;
+    for (int width = 280; width < 420; width += 4) {
+        list.resize(width, 600);
+        list.setRows({hour}, Date{3'599});
+        const auto& card = *list.cards().front();
+        const int before = card.height();
+        list.setNow(Date{3'600});
+        const int room = 2 * CardView::shadowRoom;
+        EXPECT_EQ(card.height() - room, std::lround(card.heightFor(card.width() - room))) << width;
+        grew = grew || card.height() > before;
+    }
+    EXPECT_TRUE(grew);
 }
 
 TEST(CardText, LongWordGoesOnInTheSecondLine) {

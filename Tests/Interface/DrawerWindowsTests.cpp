@@ -4,6 +4,7 @@
 #include "Support/MemoryPreferencesStore.h"
 
 #include <QGuiApplication>
+#include <QMenu>
 #include <QScreen>
 #include <QTest>
 
@@ -16,6 +17,7 @@ namespace mimkins::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 class FakeWindowSystem final : public WindowSystem {
 public:
@@ -24,6 +26,10 @@ public:
     void setOwner(WindowId child, std::optional<WindowId> owner) override { owners[child] = owner; }
 
     void raise(WindowId window) override { raised.push_back(window); }
+
+    std::optional<WindowId> activeWindow() override { return active; }
+
+    void activate(WindowId window) override { activated.push_back(window); }
 
     bool isCovered(WindowId, const std::vector<WindowId>&) override { return covered; }
 
@@ -37,6 +43,8 @@ public:
     std::map<WindowId, WindowLevel> levels;
     std::map<WindowId, std::optional<WindowId>> owners;
     std::vector<WindowId> raised;
+    std::optional<WindowId> active;
+    std::vector<WindowId> activated;
     bool covered = false;
     bool translucent = true;
     std::function<void()> changed;
@@ -56,6 +64,15 @@ protected:
         while (windows->isSliding()) {
             windows->step(0.05);
         }
+    }
+
+    void endWriting() {
+        windows->setWriting(false);
+        loop.advance(0);
+    }
+
+    bool hasKeyboard() const {
+        return QTest::qWaitFor([this] { return windows->drawer().isActiveWindow(); });
     }
 
     double edge() const { return QGuiApplication::primaryScreen()->availableGeometry().right() + 1; }
@@ -251,7 +268,7 @@ TEST_F(Windows, DrawerHasTheKeyboardWhileItIsWrittenIn) {
     EXPECT_FALSE(windows->drawer().takesKeyboard());
     windows->setWriting(true);
     EXPECT_TRUE(windows->drawer().takesKeyboard());
-    windows->setWriting(false);
+    endWriting();
     EXPECT_FALSE(windows->drawer().takesKeyboard());
 }
 
@@ -259,8 +276,89 @@ TEST_F(Windows, DrawerKeepsTheKeyboardThatWasAskedForBefore) {
     start();
     windows->takeKeyboard();
     windows->setWriting(true);
-    windows->setWriting(false);
+    endWriting();
     EXPECT_TRUE(windows->drawer().takesKeyboard());
+    EXPECT_THAT(system.activated, IsEmpty());
+}
+
+TEST_F(Windows, KeyboardIsALoanWhileTheDrawerIsWrittenIn) {
+    system.active = 77;
+    start();
+    windows->setWriting(true);
+    ASSERT_TRUE(hasKeyboard());
+    system.active = drawerId;
+    windows->setWriting(true);
+    EXPECT_THAT(system.activated, IsEmpty());
+    endWriting();
+    endWriting();
+    EXPECT_THAT(system.activated, ElementsAre(77));
+}
+
+TEST_F(Windows, MenuThatEndsTheWritingKeepsTheKeyboardUntilItIsShut) {
+    system.active = 77;
+    start();
+    windows->setWriting(true);
+    ASSERT_TRUE(hasKeyboard());
+    windows->setWriting(false);
+    QMenu menu;
+    menu.addAction("One");
+    menu.popup({});
+    loop.advance(0);
+    EXPECT_TRUE(windows->drawer().takesKeyboard());
+    EXPECT_THAT(system.activated, IsEmpty());
+    menu.close();
+    loop.advance(0);
+    EXPECT_FALSE(windows->drawer().takesKeyboard());
+    EXPECT_THAT(system.activated, ElementsAre(77));
+}
+
+TEST_F(Windows, WhoeverComesBackToWriteKeepsTheKeyboard) {
+    system.active = 77;
+    start();
+    windows->setWriting(true);
+    windows->setWriting(false);
+    windows->setWriting(true);
+    loop.advance(0);
+    EXPECT_TRUE(windows->drawer().takesKeyboard());
+    EXPECT_THAT(system.activated, IsEmpty());
+}
+
+TEST_F(Windows, KeyboardThatTheUserTookElsewhereStaysThere) {
+    system.active = 77;
+    start();
+    windows->setWriting(true);
+    ASSERT_TRUE(hasKeyboard());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_FALSE(windows->drawer().takesKeyboard());
+    endWriting();
+    EXPECT_THAT(system.activated, IsEmpty());
+}
+
+TEST_F(Windows, ClickLeavesTheKeyboardWithTheWindowThatTookIt) {
+    start();
+    windows->takeKeyboard();
+    ASSERT_TRUE(hasKeyboard());
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_FALSE(windows->drawer().takesKeyboard());
+}
+
+TEST_F(Windows, ShuttingEndsTheLoan) {
+    system.active = 77;
+    start();
+    windows->setWriting(true);
+    ASSERT_TRUE(hasKeyboard());
+    windows->toggle();
+    slideToTheEnd();
+    windows->takeKeyboard();
+    endWriting();
+    EXPECT_TRUE(windows->drawer().takesKeyboard());
+    EXPECT_THAT(system.activated, IsEmpty());
 }
 
 } // namespace

@@ -360,6 +360,17 @@ TEST_F(Settings, WritingIsToldWhileItLasts) {
     EXPECT_THAT(told, ElementsAre(true, false));
 }
 
+TEST_F(Settings, TabFromTheTextGoesOnInTheSameWindow) {
+    start();
+    auto& edit = control<TextArea>("customPrompt").edit();
+    QTest::mouseClick(edit.viewport(), Qt::LeftButton);
+    std::vector<bool> told;
+    content().onWriting = [&told](bool writing) { told.push_back(writing); };
+    QTest::keyClick(&edit, Qt::Key_Tab);
+    EXPECT_FALSE(edit.hasFocus());
+    EXPECT_THAT(told, IsEmpty());
+}
+
 TEST_F(Settings, PartyAndShuffle) {
     start();
     QTest::mouseClick(content().control("throwParty"), Qt::LeftButton);

@@ -119,6 +119,11 @@ void AppDelegate::makeSettings() {
         settingsScreen_->content().onWriting = [this](bool writing) { windows_->setWriting(writing); };
         return settingsScreen_;
     });
+    drawer_.changed().connect([this] {
+        if (drawer_.mode() != DrawerMode::settings) {
+            windows_->setWriting(false); // whatever in the settings has the focus
+        }
+    });
 }
 
 void AppDelegate::openSettings() {

@@ -3,8 +3,8 @@
 #include "Drawing/Qt/Conversions.h"
 #include "Drawing/Qt/Shapes.h"
 
+#include <QApplication>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QWindow>
 
@@ -109,17 +109,44 @@ void DrawerWindows::bringForward() {
 
 void DrawerWindows::takeKeyboard() {
     bringForward();
+    forgetWriting(); // from now on it is more than a loan
     window_.setTakesKeyboard(true);
 }
 
 void DrawerWindows::setWriting(bool writing) {
-    if (window_.takesKeyboard() == writing) {
+    if (writing) {
+        lendKeyboard();
+    } else if (writing_) {
+        // What the user does now may open a menu, which would shut as the keyboard goes.
+        keyboardReturn_ = parts_.loop.after(0, [this] { returnKeyboard(); });
+    }
+}
+
+void DrawerWindows::lendKeyboard() {
+    keyboardReturn_.reset();
+    if (!window_.takesKeyboard()) {
+        writing_ = true;
+        lender_ = parts_.windows.activeWindow();
+        window_.setTakesKeyboard(true);
+    }
+}
+
+void DrawerWindows::forgetWriting() {
+    keyboardReturn_.reset();
+    writing_ = false;
+}
+
+void DrawerWindows::returnKeyboard() {
+    if (auto* menu = QApplication::activePopupWidget()) {
+        menu->installEventFilter(this);
         return;
     }
-    // Whoever asked for the keyboard by other means keeps it.
-    if (writing || writing_) {
-        writing_ = writing;
-        window_.setTakesKeyboard(writing);
+    // Where the user has gone to another window, the keyboard is there already.
+    const bool hasKeyboard = window_.isActiveWindow();
+    forgetWriting();
+    window_.setTakesKeyboard(false);
+    if (hasKeyboard && lender_ && *lender_ != drawerId()) {
+        parts_.windows.activate(*lender_);
     }
 }
 
@@ -193,6 +220,7 @@ void DrawerWindows::showDrawer() {
 void DrawerWindows::hideDrawer() {
     watchCover(false);
     tab_.setCovered(false);
+    forgetWriting();
     window_.setTakesKeyboard(false);
     window_.hide();
 }
@@ -241,6 +269,11 @@ void DrawerWindows::updateCovered() {
 
 bool DrawerWindows::eventFilter(QObject* watched, QEvent* event) {
     const auto* window = qobject_cast<QWindow*>(watched);
+    if (window == nullptr && event->type() == QEvent::Hide) { // a menu
+        watched->removeEventFilter(this);
+        setWriting(false);
+        return QObject::eventFilter(watched, event);
+    }
     // A window manager takes note of these only once the window is on the screen.
     if (event->type() == QEvent::Expose && window != nullptr && window->isExposed() &&
         !watched->property("traitsApplied").toBool()) {

@@ -12,6 +12,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace mimkins {
 
 /// The drawer and its tab on the screen: where they stand, how they slide, and among which windows they are.
@@ -42,7 +44,8 @@ public:
     void bringForward();
     /// Does the same and gives it the keyboard.
     void takeKeyboard();
-    /// Gives the drawer the keyboard for as long as something is written in it.
+    /// Gives the drawer the keyboard for as long as something is written in it, and then back to the window
+    /// that had it before. Whoever asked for the keyboard by other means keeps it.
     void setWriting(bool writing);
     /// Moves both windows to their places.
     void place(Motion motion);
@@ -63,6 +66,9 @@ private:
     panel::Placement placement() const;
     panel::Frames frames() const;
     void followScreens();
+    void lendKeyboard();
+    void forgetWriting();
+    void returnKeyboard();
     void showDrawer();
     void hideDrawer();
     void attachTab(bool open);
@@ -78,11 +84,13 @@ private:
     SlideWindow window_;
     EdgeTab tab_;
     bool tabAttached_ = false;
-    bool writing_ = false; ///< the drawer has the keyboard to be written in
+    bool writing_ = false;           ///< the drawer has the keyboard to be written in
+    std::optional<WindowId> lender_; ///< the window that had the keyboard before
     double slideFrom_ = 0;
     double slideTo_ = 0;
     double slideTime_ = 0;
     Handle coverWatch_;
+    Handle keyboardReturn_;
     FrameClock clock_;
 };
 

@@ -127,8 +127,7 @@ void setState(TextColumn& column, const CardRow& row, const QString& elapsed, co
     if (row.name) {
         column.piece({Role::name, qt::text(*row.name), typography.font(smallPoints, QFont::Bold)});
     }
-    column.piece({Role::mood, qt::text(row.moodLabel), typography.font(smallPoints, QFont::DemiBold)}, &time);
-    column.piece(time);
+    column.pieces({Role::mood, qt::text(row.moodLabel), typography.font(smallPoints, QFont::DemiBold)}, time);
 }
 
 /// The colour of a state for words: on a light card some are too pale to be read, and take a little ink.
@@ -194,10 +193,9 @@ CardText setSubtaskText(const SubtaskRow& row, const QString& elapsed, double wi
     column.lines(Role::title, qt::text(row.description), bold, titleLines);
     column.newLine(plain);
     const Piece time = elapsedPiece(elapsed, plain);
-    column.piece(
-        {Role::mood, qt::text(row.stateWord), typography.font(detailPoints, QFont::DemiBold)}, &time
+    column.pieces(
+        {Role::mood, qt::text(row.stateWord), typography.font(detailPoints, QFont::DemiBold)}, time
     );
-    column.piece(time);
     if (row.badges.plain) {
         column.badgePiece(Badge::model, modelChip(*row.badges.plain, look), plain);
     }

@@ -88,14 +88,16 @@ void CardView::setLook(const CardLook& look) {
     refresh();
 }
 
-void CardView::setNow(Date now) {
+bool CardView::setNow(Date now) {
     const QString words = elapsedText(row_.since, now);
-    if (words != elapsed_) {
-        elapsed_ = words;
-        text_.reset();
-        groundIsOld_ = true;
-        update(onScreen(textArea()).toAlignedRect());
+    if (words == elapsed_) {
+        return false;
     }
+    elapsed_ = words;
+    text_.reset();
+    groundIsOld_ = true;
+    update(onScreen(textArea()).toAlignedRect());
+    return true;
 }
 
 void CardView::setOpacity(double opacity) {

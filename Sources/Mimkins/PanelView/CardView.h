@@ -36,8 +36,8 @@ public:
 
     void setRow(const CardRow& row, Date now);
     void setLook(const CardLook& look);
-    /// Brings the elapsed time up to date; draws only if its text has changed.
-    void setNow(Date now);
+    /// Brings the elapsed time up to date; draws only if its text has changed, and tells whether it has.
+    bool setNow(Date now);
     void setOpacity(double opacity);
     /// Draws the pet, and what else moves, as it is at a moment.
     void animate(Date now);

@@ -20,11 +20,13 @@ void SessionEntry::setLook(const CardLook& look) {
     }
 }
 
-void SessionEntry::setNow(Date now) {
-    card_->setNow(now);
+bool SessionEntry::setNow(Date now) {
+    bool changed = card_->setNow(now);
     if (subtasks_ != nullptr) {
-        subtasks_->setNow(now);
+        changed = subtasks_->setNow(now) || changed;
     }
+    const double before = height_;
+    return changed && measure(width_) != before;
 }
 
 void SessionEntry::animate(Date now, unsigned frame, const QRect& seen) {
@@ -53,7 +55,9 @@ bool SessionEntry::hasFocus() const {
 double SessionEntry::measure(double width) {
     cardHeight_ = card_->heightFor(width);
     const bool open = subtasks_ != nullptr && card_->row().subtasks;
-    return cardHeight_ + (open ? subtasksGap + subtasks_->heightFor(width) : 0);
+    width_ = width;
+    height_ = cardHeight_ + (open ? subtasksGap + subtasks_->heightFor(width) : 0);
+    return height_;
 }
 
 void SessionEntry::place(const CardFlow::Place& place, double width) {

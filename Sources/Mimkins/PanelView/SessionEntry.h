@@ -22,7 +22,8 @@ public:
     void setSubtasks(SubtaskListView& subtasks) { subtasks_ = &subtasks; }
 
     void setLook(const CardLook& look);
-    void setNow(Date now);
+    /// Brings the elapsed times up to date; true if it wants another height than was measured.
+    bool setNow(Date now);
     /// Shows the pets in a part of the canvas as they are at a moment. Frames are counted: calm pets follow
     /// every second one.
     void animate(Date now, unsigned frame, const QRect& seen);
@@ -48,6 +49,8 @@ private:
     CardView* card_;
     SubtaskListView* subtasks_ = nullptr;
     double cardHeight_ = 0; ///< when at rest
+    double height_ = 0;     ///< of it all, when at rest
+    double width_ = 0;      ///< at which it was measured
 };
 
 } // namespace mimkins

@@ -115,8 +115,12 @@ void SessionList::setLook(const CardLook& look) {
 }
 
 void SessionList::setNow(Date now) {
+    bool changes = false;
     for (auto& [id, entry] : entries_) {
-        entry.setNow(now);
+        changes = entry.setNow(now) || changes;
+    }
+    if (changes) {
+        arrange(manner()); // a longer time may need a line of its own
     }
 }
 

@@ -3,6 +3,7 @@
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/AccessibleRole.h"
 
+#include <QEvent>
 #include <QPolygon>
 #include <QRegion>
 #include <QWindow>
@@ -45,6 +46,14 @@ void SlideWindow::setTakesKeyboard(bool takes) {
 void SlideWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     placeContent();
+}
+
+/// Once another window has the keyboard, a click into this one leaves it there.
+void SlideWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && takesKeyboard_ && !isActiveWindow()) {
+        setTakesKeyboard(false);
+    }
 }
 
 void SlideWindow::placeContent() {

@@ -19,13 +19,14 @@ public:
     /// Without translucency the rounded corners are cut out of the window.
     void setTranslucency(bool translucent);
 
-    /// Lets the window have the keyboard, or keeps it away from it.
+    /// Lets the window have the keyboard until another takes it, or keeps it away from it.
     void setTakesKeyboard(bool takes);
 
     bool takesKeyboard() const { return takesKeyboard_; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void placeContent();

@@ -121,11 +121,13 @@ void SubtaskListView::setLook(const CardLook& look) {
     update();
 }
 
-void SubtaskListView::setNow(Date now) {
+bool SubtaskListView::setNow(Date now) {
     now_ = now;
+    bool changed = false;
     for (auto* view : shown_) {
-        view->setNow(now);
+        changed = view->setNow(now) || changed;
     }
+    return changed;
 }
 
 void SubtaskListView::animate(Date now, unsigned frame, const QRect& seen) {

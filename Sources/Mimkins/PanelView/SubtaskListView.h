@@ -27,7 +27,8 @@ public:
 
     void setRows(const SubtaskRows& rows, Date now);
     void setLook(const CardLook& look);
-    void setNow(Date now);
+    /// Brings the elapsed times up to date; tells whether one of their texts has changed.
+    bool setNow(Date now);
     /// Shows the pets in a part of the list as they are at a moment. Frames are counted: calm pets follow
     /// every second one.
     void animate(Date now, unsigned frame, const QRect& seen);

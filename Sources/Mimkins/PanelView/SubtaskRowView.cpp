@@ -53,12 +53,14 @@ void SubtaskRowView::setLook(const CardLook& look) {
     refresh();
 }
 
-void SubtaskRowView::setNow(Date now) {
+bool SubtaskRowView::setNow(Date now) {
     const QString words = qt::text(row_.elapsedText(now));
-    if (words != elapsed_) {
-        elapsed_ = words;
-        refresh();
+    if (words == elapsed_) {
+        return false;
     }
+    elapsed_ = words;
+    refresh();
+    return true;
 }
 
 void SubtaskRowView::setOpacity(double opacity) {

@@ -21,7 +21,8 @@ public:
 
     void setRow(const SubtaskRow& row, Date now);
     void setLook(const CardLook& look);
-    void setNow(Date now);
+    /// Brings the elapsed time up to date; tells whether its text has changed.
+    bool setNow(Date now);
 
     double opacity() const { return opacity_; }
 

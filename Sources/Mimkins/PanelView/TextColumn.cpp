@@ -71,14 +71,64 @@ void TextColumn::separate(const QFont& font, double wanted) {
     }
 }
 
-void TextColumn::piece(const Piece& piece, const Piece* following) {
-    const double wanted = piece.width();
-    const double both =
-        following != nullptr ? wanted + separatorWidth(following->font) + following->width() : wanted;
-    separate(piece.font, both <= width_ ? both : wanted);
-    const double room = std::min(wanted, width_ - x_);
+void TextColumn::putPiece(const Piece& piece) {
+    const double room = std::min(piece.width(), width_ - x_);
     const QString shown = QFontMetricsF(piece.font).elidedText(piece.words, Qt::ElideRight, room);
     put(piece.role, shown, piece.font, x_, room);
+}
+
+void TextColumn::piece(const Piece& piece) {
+    separate(piece.font, piece.width());
+    putPiece(piece);
+}
+
+/// The words on lines of which the first has so much room, and the last keeps so much free at its end.
+QStringList TextColumn::brokenWords(const Piece& piece, double firstRoom, double atTheEnd) const {
+    const QStringList words = piece.words.split(' ');
+    QStringList lines{words.front()};
+    double room = firstRoom;
+    for (qsizetype index = 1; index < words.size(); ++index) {
+        const Piece longer{piece.role, lines.back() + ' ' + words[index], piece.font, 0};
+        const double kept = index + 1 == words.size() ? atTheEnd : 0;
+        if (longer.width() + kept <= room) {
+            lines.back() = longer.words;
+        } else {
+            lines.append(words[index]);
+            room = width_;
+        }
+    }
+    return lines;
+}
+
+/// The words begin on the present line if that saves one.
+void TextColumn::putWords(const Piece& piece, double atTheEnd) {
+    QStringList lines = brokenWords(piece, width_, atTheEnd);
+    if (x_ > 0) {
+        const double room = width_ - x_ - separatorWidth(piece.font);
+        const QStringList beside = brokenWords(piece, room, atTheEnd);
+        const Piece firstLine{piece.role, beside.front(), piece.font, 0};
+        const bool saves = firstLine.width() <= room && beside.size() <= lines.size();
+        separate(piece.font, saves ? 0 : width_);
+        lines = saves ? beside : lines;
+    }
+    for (qsizetype index = 0; index < lines.size(); ++index) {
+        if (index > 0) {
+            newLine(piece.font);
+        }
+        putPiece({piece.role, lines[index], piece.font, 0});
+    }
+}
+
+void TextColumn::pieces(const Piece& first, const Piece& second) {
+    const double beside = separatorWidth(second.font) + second.width();
+    const Piece lastWord{first.role, first.words.section(' ', -1), first.font, 0};
+    if (first.width() + beside <= width_) {
+        separate(first.font, first.width() + beside);
+        putPiece(first);
+    } else {
+        putWords(first, lastWord.width() + beside <= width_ ? beside : 0);
+    }
+    piece(second);
 }
 
 void TextColumn::badgePiece(CardText::Badge badge, const Chip& chip, const QFont& font) {

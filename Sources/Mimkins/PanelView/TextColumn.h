@@ -27,9 +27,12 @@ public:
         double width() const;
     };
 
-    /// A piece on the present line if it fits there, else on the next. One that must not stand alone follows
-    /// on the same line where a line has room for both.
-    void piece(const Piece& piece, const Piece* following = nullptr);
+    /// A piece on the present line if it fits there, else on the next.
+    void piece(const Piece& piece);
+
+    /// Two pieces of which the second doesn't stand alone: it follows the first on the same line or, where no
+    /// line has room for both, the first breaks between its words and the second follows the last of them.
+    void pieces(const Piece& first, const Piece& second);
 
     /// A badge as the next piece of a sentence in this font.
     void badgePiece(CardText::Badge badge, const Chip& chip, const QFont& font);
@@ -51,6 +54,10 @@ public:
 
 private:
     void separate(const QFont& font, double wanted);
+    /// Puts down what there is room for, on the present line.
+    void putPiece(const Piece& piece);
+    void putWords(const Piece& piece, double atTheEnd);
+    QStringList brokenWords(const Piece& piece, double firstRoom, double atTheEnd) const;
     static double separatorWidth(const QFont& font);
 
     CardText& text_;

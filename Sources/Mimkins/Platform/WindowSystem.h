@@ -34,6 +34,12 @@ public:
     /// Brings the window before all others of its level, whichever application is active.
     virtual void raise(WindowId window) = 0;
 
+    /// The window that has the keyboard; nothing if none has it or the window system doesn't tell.
+    virtual std::optional<WindowId> activeWindow() = 0;
+
+    /// Gives a window the keyboard, whichever application it belongs to. One that is gone is let be.
+    virtual void activate(WindowId window) = 0;
+
     /// True if nobody can see any of the window: others cover all of it, or it is hidden, minimised or on
     /// another desktop. Windows in `ignoring` cover nothing.
     virtual bool isCovered(WindowId window, const std::vector<WindowId>& ignoring) = 0;
@@ -54,6 +60,10 @@ public:
     void setOwner(WindowId, std::optional<WindowId>) override {}
 
     void raise(WindowId) override {}
+
+    std::optional<WindowId> activeWindow() override { return std::nullopt; }
+
+    void activate(WindowId) override {}
 
     bool isCovered(WindowId, const std::vector<WindowId>&) override { return false; }
 

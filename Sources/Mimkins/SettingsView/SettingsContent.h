@@ -46,7 +46,7 @@ public:
     SettingsContent(const SettingsParts& parts, const CardLook& look);
     ~SettingsContent() override;
 
-    /// Called when the user begins to write into the text, and when the keyboard leaves it.
+    /// Called when the user begins to write into the text, and when they leave it other than by Tab.
     std::function<void(bool)> onWriting;
 
     void setLook(const CardLook& look);

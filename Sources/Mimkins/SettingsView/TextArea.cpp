@@ -38,6 +38,13 @@ int linesOf(const QString& paragraph, const QFont& font, int width) {
     return std::max(lines, 1);
 }
 
+/// Whoever opens the field's menu comes back, and whoever leaves by Tab needs the keyboard for what comes
+/// next.
+bool goesOnWithKeys(Qt::FocusReason reason) {
+    return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+           reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+}
+
 } // namespace
 
 TextArea::TextArea() : edit_(new QPlainTextEdit(this)), look_(controls::plainLook()) {
@@ -147,7 +154,7 @@ bool TextArea::eventFilter(QObject* watched, QEvent* event) {
         tell(true);
     } else if (watched == edit_ && event->type() == QEvent::FocusOut) {
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason) {
+        if (!goesOnWithKeys(reason)) {
             tell(false);
         }
         update();

@@ -17,7 +17,7 @@ public:
 
     /// Called after each of the user's changes.
     std::function<void(const QString&)> onChange;
-    /// Called when the user presses into the field to write, and when the keyboard leaves it.
+    /// Called when the user presses into the field to write, and when they leave it other than by Tab.
     std::function<void(bool)> onWriting;
     /// Called when the field needs another height.
     std::function<void()> onHeight;

@@ -31,7 +31,10 @@ class Item:
     name: str
     description: str
     parent: str
+    window: str  # the name of the window that it stands in
     place: list[int]  # left, top, width and height on the screen
+    checked: bool
+    focused: bool
 
     def middle(self) -> tuple[int, int]:
         left, top, width, height = self.place

@@ -85,6 +85,18 @@ void XcbWindowSystem::raise(WindowId id) {
     properties_.flush();
 }
 
+std::optional<WindowId> XcbWindowSystem::activeWindow() {
+    const auto active = properties_.values(properties_.root(), "_NET_ACTIVE_WINDOW");
+    return active.empty() || active.front() == XCB_WINDOW_NONE ? std::nullopt
+                                                               : std::optional<WindowId>(active.front());
+}
+
+void XcbWindowSystem::activate(WindowId id) {
+    const auto window = static_cast<xcb_window_t>(id);
+    properties_.askManager(window, "_NET_ACTIVE_WINDOW", {sourcePager, XCB_CURRENT_TIME, 0, 0, 0});
+    properties_.flush();
+}
+
 bool XcbWindowSystem::isViewable(xcb_window_t window) {
     auto* connection = properties_.connection();
     const XcbReply<xcb_get_window_attributes_reply_t> reply(

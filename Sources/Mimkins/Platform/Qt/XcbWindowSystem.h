@@ -25,6 +25,8 @@ public:
     void makePanel(WindowId window, WindowLevel level) override;
     void setOwner(WindowId child, std::optional<WindowId> owner) override;
     void raise(WindowId window) override;
+    std::optional<WindowId> activeWindow() override;
+    void activate(WindowId window) override;
     bool isCovered(WindowId window, const std::vector<WindowId>& ignoring) override;
     bool hasTranslucency() override;
     Handle whenWindowsChange(std::function<void()> changed) override;
