@@ -29,7 +29,11 @@ struct Picture {
         return GraphicsContext(*canvas_);
     }
 
-    std::uint32_t at(int x, int y) const { return pixels.at(static_cast<std::size_t>(y * width + x)); }
+    std::uint32_t at(int x, int y) const {
+        return pixels.at(
+            static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)
+        );
+    }
 
     double alpha(int x, int y) const { return (at(x, y) >> 24) / 255.0; }
 
@@ -297,11 +301,12 @@ RC_GTEST_PROP(Raster, StaysWithinThePicture, ()) {
     const auto number = [] { return static_cast<double>(*rc::gen::inRange(-400, 400)) / 7; };
     // A border of sentinels on all sides shows what is written past the picture's rows.
     constexpr int side = 12;
+    constexpr std::ptrdiff_t stride = side;
     constexpr std::uint32_t sentinel = 0x12345678;
-    std::vector<std::uint32_t> memory(static_cast<std::size_t>(3 * side * side), sentinel);
-    std::uint32_t* inside = memory.data() + side * side + 2;
+    std::vector<std::uint32_t> memory(std::size_t{3} * side * side, sentinel);
+    std::uint32_t* inside = memory.data() + side * stride + 2;
     for (int y = 0; y < side; ++y) {
-        std::fill_n(inside + y * side, 8, 0U);
+        std::fill_n(inside + y * stride, 8, 0U);
     }
     RasterCanvas canvas({inside, 8, side, side}, 1, ColorScheme::dark, nullptr);
     GraphicsContext context(canvas);
@@ -314,8 +319,8 @@ RC_GTEST_PROP(Raster, StaysWithinThePicture, ()) {
     curve.addArc({number(), number()}, std::fabs(number()), number(), number());
     context.stroke(curve, opaque, StrokeStyle::round(std::fabs(number())));
     for (std::size_t index = 0; index < memory.size(); ++index) {
-        const auto offset = static_cast<std::ptrdiff_t>(index) - (side * side + 2);
-        const bool isInside = offset >= 0 && offset < side * side && offset % side < 8;
+        const auto offset = static_cast<std::ptrdiff_t>(index) - (side * stride + 2);
+        const bool isInside = offset >= 0 && offset < side * stride && offset % side < 8;
         RC_ASSERT(isInside || memory[index] == sentinel);
     }
 }
