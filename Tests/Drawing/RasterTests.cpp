@@ -102,6 +102,16 @@ TEST(Raster, DiscsAndRingsHaveTheirArea) {
     EXPECT_EQ(ring.at(30, 30), 0U);
 }
 
+TEST(Raster, AShapeThatNobodySeesLeavesNothingForTheNext) {
+    Picture picture(20, 20);
+    GraphicsContext context = picture.context();
+    context.fill(Path::ellipse({1, 1, 18, 18}), Color::white(0));
+    context.fill(rectangle(4, 4, 2, 2), opaque);
+    context.fill(rectangle(2, 8, 9, 3), opaque);
+    EXPECT_NEAR(picture.area(), 31, 0.01);
+    EXPECT_NEAR(picture.alpha(4, 4), 1, 0.01);
+}
+
 TEST(Raster, AnArcIsJoinedToWhereThePenIs) {
     Picture picture(20, 20);
     Path slice;
