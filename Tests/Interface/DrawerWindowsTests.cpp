@@ -71,6 +71,14 @@ protected:
         loop.advance(0);
     }
 
+    /// Starts, and writes while window 77 has the keyboard.
+    void beginWriting() {
+        system.active = 77;
+        start();
+        windows->setWriting(true);
+        ASSERT_TRUE(hasKeyboard());
+    }
+
     bool hasKeyboard() const {
         return QTest::qWaitFor([this] { return windows->drawer().isActiveWindow(); });
     }
@@ -282,10 +290,7 @@ TEST_F(Windows, DrawerKeepsTheKeyboardThatWasAskedForBefore) {
 }
 
 TEST_F(Windows, KeyboardIsALoanWhileTheDrawerIsWrittenIn) {
-    system.active = 77;
-    start();
-    windows->setWriting(true);
-    ASSERT_TRUE(hasKeyboard());
+    beginWriting();
     system.active = drawerId;
     windows->setWriting(true);
     EXPECT_THAT(system.activated, IsEmpty());
@@ -295,10 +300,7 @@ TEST_F(Windows, KeyboardIsALoanWhileTheDrawerIsWrittenIn) {
 }
 
 TEST_F(Windows, MenuThatEndsTheWritingKeepsTheKeyboardUntilItIsShut) {
-    system.active = 77;
-    start();
-    windows->setWriting(true);
-    ASSERT_TRUE(hasKeyboard());
+    beginWriting();
     windows->setWriting(false);
     QMenu menu;
     menu.addAction("One");
@@ -324,10 +326,7 @@ TEST_F(Windows, WhoeverComesBackToWriteKeepsTheKeyboard) {
 }
 
 TEST_F(Windows, KeyboardThatTheUserTookElsewhereStaysThere) {
-    system.active = 77;
-    start();
-    windows->setWriting(true);
-    ASSERT_TRUE(hasKeyboard());
+    beginWriting();
     QWidget other;
     other.show();
     other.activateWindow();
@@ -349,10 +348,7 @@ TEST_F(Windows, ClickLeavesTheKeyboardWithTheWindowThatTookIt) {
 }
 
 TEST_F(Windows, ShuttingEndsTheLoan) {
-    system.active = 77;
-    start();
-    windows->setWriting(true);
-    ASSERT_TRUE(hasKeyboard());
+    beginWriting();
     windows->toggle();
     slideToTheEnd();
     windows->takeKeyboard();
