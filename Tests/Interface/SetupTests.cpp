@@ -366,9 +366,10 @@ class SetupScreen : public PanelFixture {
 protected:
     /// Tells the panel how to make one; `screen` is set when it is made.
     void addScreen(NotedScreen*& screen) {
-        panel->addScreen(DrawerMode::setup, [this, &screen](const CardLook&) {
+        panel->addScreen(DrawerMode::setup, [this, &screen](const CardLook& look) {
             ++made;
             screen = new NotedScreen;
+            screen->setLook(look);
             return screen;
         });
     }

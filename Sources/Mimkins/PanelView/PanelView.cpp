@@ -164,7 +164,6 @@ void PanelView::makeScreen() {
     PanelScreen* screen = maker.mapped()(look());
     screens_[mode_] = screen;
     screen->hide();
-    screen->setLook(look());
     static_cast<QVBoxLayout*>(layout())->addWidget(screen, 1); // NOLINT: made so by the constructor
 }
 
