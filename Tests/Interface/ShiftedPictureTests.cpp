@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace mimkins::test {
@@ -21,6 +22,12 @@ QImage rowOf(const std::vector<std::uint32_t>& pixels, double ratio = 1) {
 std::vector<std::uint32_t> pixelsOf(const QImage& picture) {
     const auto* row = reinterpret_cast<const std::uint32_t*>(picture.constScanLine(0));
     return {row, row + picture.width()};
+}
+
+QImage shifted(const QImage& picture, double points) {
+    QImage result;
+    shift(picture, points, result);
+    return result;
 }
 
 constexpr std::uint32_t red = 0xFFFF0000;
@@ -47,6 +54,17 @@ TEST(ShiftedPicture, PointsAreMoreThanPixelsOnAFineScreen) {
     const QImage moved = shifted(rowOf({red, blue, 0, 0}, 2), 0.5);
     EXPECT_EQ(pixelsOf(moved), (std::vector<std::uint32_t>{0, red, blue, 0}));
     EXPECT_EQ(moved.devicePixelRatio(), 2);
+}
+
+TEST(ShiftedPicture, MemoryIsUsedAgainIfItFits) {
+    QImage result;
+    shift(rowOf({red, red, red, red}), 0.5, result);
+    const auto* memory = std::as_const(result).constBits();
+    shift(rowOf({blue, 0, 0, 0}), 1, result);
+    EXPECT_EQ(std::as_const(result).constBits(), memory);
+    EXPECT_EQ(pixelsOf(result), (std::vector<std::uint32_t>{0, blue, 0, 0}));
+    shift(rowOf({blue, 0}), 1, result);
+    EXPECT_EQ(pixelsOf(result), (std::vector<std::uint32_t>{0, blue}));
 }
 
 } // namespace

@@ -211,7 +211,12 @@ void EdgeTab::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     // The painter would let a picture jump from pixel to pixel.
     const auto draw = [this, &painter](const QImage& picture) {
-        painter.drawImage(0, 0, offset_ == 0 ? picture : shifted(picture, offset_));
+        if (offset_ == 0) {
+            painter.drawImage(0, 0, picture);
+            return;
+        }
+        shift(picture, offset_, shifted_);
+        painter.drawImage(0, 0, shifted_);
     };
     draw(still_);
     if (content_.badge.blocked) {

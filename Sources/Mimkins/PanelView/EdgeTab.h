@@ -68,6 +68,7 @@ private:
     bool covered_ = false;
     QImage still_;   ///< all but the glow, at its ordinary place
     QImage outline_; ///< the glow at its strongest
+    QImage shifted_; ///< memory for one of them at another place
     double glowMoment_ = 0;
     double offset_ = 0;
     Handle glowing_;

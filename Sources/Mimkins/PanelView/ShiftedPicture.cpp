@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstdint>
-#include <utility>
 
 namespace mimkins {
 
@@ -19,11 +18,13 @@ std::uint32_t mixed(std::uint32_t left, std::uint32_t right, std::uint32_t ofLef
 
 } // namespace
 
-QImage shifted(const QImage& picture, double points) {
+void shift(const QImage& picture, double points, QImage& result) {
     const double pixels = points * picture.devicePixelRatio();
     const int whole = static_cast<int>(std::floor(pixels));
     const auto ofLeft = static_cast<std::uint32_t>(std::lround((pixels - whole) * 256));
-    QImage result(picture.size(), picture.format());
+    if (result.size() != picture.size() || result.format() != picture.format()) {
+        result = QImage(picture.size(), picture.format());
+    }
     result.setDevicePixelRatio(picture.devicePixelRatio());
     const int width = picture.width();
     for (int y = 0; y < picture.height(); ++y) {
@@ -34,7 +35,6 @@ QImage shifted(const QImage& picture, double points) {
             to[x] = mixed(at(x - whole - 1), at(x - whole), ofLeft);
         }
     }
-    return result;
 }
 
 } // namespace mimkins
