@@ -39,7 +39,7 @@ int largestDifference(const QImage& one, const QImage& other) {
 }
 
 CardLook lookOf(const PetTheme& theme) {
-    return {&theme, Typography(theme.font, 1)};
+    return {&theme, Typography(theme.font, 1), 62, {}};
 }
 
 TEST(CardPlates, LookAtEveryHeightAsIfDrawnForIt) {

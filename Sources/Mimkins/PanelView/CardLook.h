@@ -9,12 +9,16 @@
 
 namespace mimkins {
 
+class PanelGround;
+
 /// How all cards of the list look.
 struct CardLook {
     const PetTheme* theme = nullptr; ///< with plain colours
     Typography typography;
     double petPoints = 62;
     PetLook pets;
+    /// What lies behind the cards; none where nothing does.
+    PanelGround* ground = nullptr;
     /// Of all cards with this look.
     std::shared_ptr<CardPlates> plates = std::make_shared<CardPlates>();
 

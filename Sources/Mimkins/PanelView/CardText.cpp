@@ -116,8 +116,12 @@ double headerWidth(const CardRow& row, double width, const CardLook& look) {
 
 using Piece = TextColumn::Piece;
 
+double leastElapsed(const QFont& font) {
+    return std::ceil(QFontMetricsF(font).horizontalAdvance("88m"));
+}
+
 Piece elapsedPiece(const QString& elapsed, const QFont& font) {
-    return {Role::elapsed, elapsed, font, std::ceil(QFontMetricsF(font).horizontalAdvance("88m"))};
+    return {Role::elapsed, elapsed, font, leastElapsed(font)};
 }
 
 void setState(TextColumn& column, const CardRow& row, const QString& elapsed, const Typography& typography) {
@@ -156,6 +160,15 @@ QColor runColor(Role role, const PetTheme& theme, const Color& state) {
     return qt::color(theme.subtext);
 }
 
+void drawRun(QPainter& painter, const CardText::Run& run, QPointF topLeft, const QColor& ink) {
+    painter.setFont(run.font);
+    painter.setPen(ink);
+    painter.drawText(
+        run.rect.translated(topLeft),
+        Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine, run.text
+    );
+}
+
 } // namespace
 
 const CardText::PlacedChip* CardText::find(Badge badge) const {
@@ -163,6 +176,25 @@ const CardText::PlacedChip* CardText::find(Badge badge) const {
         return placed.badge == badge;
     });
     return found != chips.end() ? &*found : nullptr;
+}
+
+const CardText::Run* CardText::find(Role role) const {
+    const auto found =
+        std::find_if(runs.begin(), runs.end(), [role](const Run& run) { return run.role == role; });
+    return found != runs.end() ? &*found : nullptr;
+}
+
+bool replaceElapsed(CardText& text, const QString& elapsed) {
+    const auto run = std::find_if(text.runs.begin(), text.runs.end(), [](const CardText::Run& candidate) {
+        return candidate.role == Role::elapsed;
+    });
+    // Neither the present time nor the new one may ask for more than the room that every time has.
+    if (run == text.runs.end() || run->rect.width() != leastElapsed(run->font) ||
+        QFontMetricsF(run->font).horizontalAdvance(elapsed) > run->rect.width()) {
+        return false;
+    }
+    run->text = elapsed;
+    return true;
 }
 
 CardText setCardText(const CardRow& row, const QString& elapsed, double width, const CardLook& look) {
@@ -213,17 +245,18 @@ void drawCardText(
     QPainter& painter, const CardText& text, QPointF topLeft, const PetTheme& theme, const Color& state
 ) {
     for (const auto& run : text.runs) {
-        painter.setFont(run.font);
-        painter.setPen(runColor(run.role, theme, state));
-        painter.drawText(
-            run.rect.translated(topLeft),
-            Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine, run.text
-        );
+        drawRun(painter, run, topLeft, runColor(run.role, theme, state));
     }
     for (const auto& placed : text.chips) {
         if (placed.badge != CardText::Badge::pill) {
             placed.chip.draw(painter, placed.rect.translated(topLeft));
         }
+    }
+}
+
+void drawElapsed(QPainter& painter, const CardText& text, QPointF topLeft, const PetTheme& theme) {
+    if (const auto* run = text.find(Role::elapsed)) {
+        drawRun(painter, *run, topLeft, qt::color(theme.subtext));
     }
 }
 

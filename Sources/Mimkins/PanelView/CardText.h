@@ -37,10 +37,16 @@ struct CardText {
 
     /// Where a badge stands; nothing if the text has none of this kind.
     const PlacedChip* find(Badge badge) const;
+    /// The first words of this role; nothing if the text has none.
+    const Run* find(Role role) const;
 };
 
 /// Sets the words of a card in a column of this width. `elapsed` is the time since the session's state began.
 CardText setCardText(const CardRow& row, const QString& elapsed, double width, const CardLook& look);
+
+/// Puts another time into a text that was set before. False if the words might then be set otherwise, as with
+/// a time that takes more room; the text is as it was then.
+bool replaceElapsed(CardText& text, const QString& elapsed);
 
 /// Sets the words of a subtask's row.
 CardText setSubtaskText(const SubtaskRow& row, const QString& elapsed, double width, const CardLook& look);
@@ -49,5 +55,8 @@ CardText setSubtaskText(const SubtaskRow& row, const QString& elapsed, double wi
 void drawCardText(
     QPainter& painter, const CardText& text, QPointF topLeft, const PetTheme& theme, const Color& state
 );
+
+/// Draws the time alone.
+void drawElapsed(QPainter& painter, const CardText& text, QPointF topLeft, const PetTheme& theme);
 
 } // namespace mimkins

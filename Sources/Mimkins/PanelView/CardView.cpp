@@ -1,17 +1,14 @@
 #include "PanelView/CardView.h"
 
 #include "Drawing/Qt/Conversions.h"
-#include "Drawing/Qt/Shapes.h"
-#include "PanelView/CardGround.h"
 #include "PanelView/CardToolTip.h"
+#include "PanelView/PanelGround.h"
 #include "PanelView/ReturnKey.h"
-#include "PanelView/StretchedPicture.h"
 #include "Presentation/Elapsed.h"
 #include "Presentation/MoodTint.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QToolTip>
 
 #include <algorithm>
@@ -22,9 +19,6 @@ namespace mimkins {
 
 namespace {
 
-/// Around the pill, for the ring of the focus.
-constexpr double pillMargin = 3;
-
 QString elapsedText(Date since, Date now) {
     return qt::text(elapsed(now - since));
 }
@@ -33,7 +27,13 @@ QString elapsedText(Date since, Date now) {
 
 CardView::CardView(CardRow row, CardLook look, Date now)
     : row_(std::move(row)), look_(std::move(look)), elapsed_(elapsedText(row_.since, now)), moment_(now),
-      glowMoment_(now), pill_(new CardPill(this)) {
+      glowMoment_(now), pill_(new CardPill(this)),
+      stage_(new PetStage(
+          this, {[this] { return petGround(); },
+                 [this](const QImage& ground) -> const QImage& {
+                     return pet_.over(ground, moment_, look_.petPoints, row_.pet, look_);
+                 }}
+      )) {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setContextMenuPolicy(Qt::CustomContextMenu);
@@ -68,6 +68,7 @@ void CardView::describe() {
         crew_.setCrew(*row_.crew, look_);
     }
     placePill();
+    placeStage();
 }
 
 void CardView::press() {
@@ -94,6 +95,11 @@ bool CardView::setNow(Date now) {
         return false;
     }
     elapsed_ = words;
+    if (text_ && replaceElapsed(*text_, elapsed_)) {
+        timeIsOld_ = true;
+        update(onScreen(timeArea()).toAlignedRect());
+        return true;
+    }
     text_.reset();
     groundIsOld_ = true;
     update(onScreen(textArea()).toAlignedRect());
@@ -103,6 +109,7 @@ bool CardView::setNow(Date now) {
 void CardView::setOpacity(double opacity) {
     if (opacity_ != opacity) {
         opacity_ = opacity;
+        placeStage();
         update();
     }
 }
@@ -112,7 +119,12 @@ void CardView::animate(Date now) {
         return;
     }
     moment_ = now;
-    QRegion changed(onScreen(frame().petSquare()).toAlignedRect());
+    QRegion changed;
+    if (stage_->isHidden()) {
+        changed = onScreen(frame().petSquare()).toAlignedRect();
+    } else {
+        stage_->update();
+    }
     if (row_.waiting || row_.crew) {
         const auto beat = [](Date date) { return std::floor(date.secondsSince1970 / GlowRing::interval); };
         if (beat(now) != beat(glowMoment_)) {
@@ -138,6 +150,7 @@ bool CardView::step(double seconds) {
     const bool fading = pill_->step(seconds);
     if (scale() != before) {
         placePill();
+        placeStage();
         update();
     } else if (fading) {
         update(onScreen(pill_->place()).toAlignedRect());
@@ -152,11 +165,13 @@ void CardView::finish() {
     scale_.finish();
     pill_->finish();
     placePill();
+    placeStage();
     refresh();
 }
 
 void CardView::refresh() {
     groundIsOld_ = true;
+    stage_->groundChanged();
     update();
 }
 
@@ -193,6 +208,14 @@ QRectF CardView::textArea() const {
     return area;
 }
 
+/// Where the time stands, with a little room for letters that reach beyond their line.
+QRectF CardView::timeArea() const {
+    const CardText& set = text();
+    const auto* run = set.find(CardText::Role::elapsed);
+    const QPointF corner = frame().textCorner(set.height);
+    return run != nullptr ? run->rect.translated(corner).adjusted(-2, 0, 2, 0) : QRectF();
+}
+
 QRectF CardView::onScreen(const QRectF& rect) const {
     return frame().zoom(scale()).mapRect(rect);
 }
@@ -213,9 +236,25 @@ void CardView::placePill() {
     }
 }
 
+/// True if all that lies beneath the pet stands still and nothing lies over it.
+bool CardView::mayStage() const {
+    const bool moves = look_.ground == nullptr || look_.ground->movesInside();
+    const bool covered = row_.waiting || row_.crew || row_.highlighted;
+    const bool atRest = scale() == 1 && !scale_.isMoving() && opacity_ == 1;
+    const double ratio = devicePixelRatioF();
+    return !moves && !covered && atRest && ratio == std::floor(ratio);
+}
+
+void CardView::placeStage() {
+    stage_->setGeometry(frame().petSquare().toRect());
+    stage_->setVisible(mayStage());
+}
+
 void CardView::resizeEvent(QResizeEvent*) {
     groundIsOld_ = true;
+    stage_->groundChanged();
     placePill();
+    placeStage();
 }
 
 QString CardView::toolTipAt(QPointF place) const {
@@ -258,88 +297,6 @@ void CardView::keyPressEvent(QKeyEvent* event) {
     } else if (!pressByReturn(*this, *event)) {
         event->ignore(); // the list moves the focus
     }
-}
-
-void CardView::paintEvent(QPaintEvent* event) {
-    const bool atRest = !scale_.isMoving();
-    if (groundIsOld_ || ground_.size() != size() * devicePixelRatioF() ||
-        (atRest && groundScale_ != scale())) {
-        drawGround();
-    }
-    const CardFrame frame = this->frame();
-    const auto isSeen = [this, event](const QRectF& area) {
-        return event->region().intersects(onScreen(area).toAlignedRect());
-    };
-    const QImage* pet = nullptr;
-    if (isSeen(frame.petSquare())) {
-        pet = &pet_.at(moment_, look_.petPoints, devicePixelRatioF(), row_.pet, look_);
-    }
-    QPainter painter(this);
-    painter.setOpacity(opacity_);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale() != 1 || scale() != groundScale_);
-    // Pictures are copied quickly only inside a plain rectangle.
-    for (const QRect& part : event->region()) {
-        painter.resetTransform();
-        painter.setClipRect(part);
-        drawPictures(painter, pet);
-    }
-    painter.setClipping(false);
-    if (row_.highlighted) {
-        drawHighlight(painter, frame.card(), look_); // over the glow of a card that waits
-    }
-    if (isSeen(pill_->place().adjusted(-pillMargin, -pillMargin, pillMargin, pillMargin))) {
-        pill_->draw(painter, opacity_, look_.theme->text.faded(0.85));
-        painter.setOpacity(opacity_);
-    }
-    if (row_.crew && isSeen(crewRect())) {
-        crew_.draw(painter, crewRect().topLeft(), glowMoment_);
-    }
-}
-
-void CardView::drawPictures(QPainter& painter, const QImage* pet) {
-    const CardFrame frame = this->frame();
-    painter.setTransform(frame.zoom(scale() / groundScale_));
-    painter.drawImage(0, 0, ground_);
-    painter.setTransform(frame.zoom(scale()));
-    if (row_.waiting) {
-        glow_.draw(painter, glowShape(), glowMoment_);
-    }
-    if (pet != nullptr) {
-        painter.drawImage(frame.petSquare().topLeft(), *pet);
-    }
-}
-
-QImage CardView::plate(CardStates states) const {
-    if (groundScale_ == 1) {
-        return look_.plates->picture(
-            {size(), CardFrame::shadowRoom, devicePixelRatioF()}, row_, look_, states
-        );
-    }
-    QImage picture = clearPicture(size(), devicePixelRatioF());
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setTransform(frame().zoom(groundScale_));
-    drawCardGround(painter, frame().card(), row_, look_, states);
-    return picture;
-}
-
-void CardView::drawGround() {
-    groundScale_ = scale();
-    ground_ = plate({underMouse(), hasFocus()});
-    QPainter painter(&ground_);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const CardFrame frame = this->frame();
-    painter.setTransform(frame.zoom(groundScale_));
-    const Color& mood = tint(*look_.theme, row_.mood);
-    if (look_.theme->pad) {
-        painter.setClipPath(roundedShape(frame.card(), look_.theme->radius));
-        drawPetPad(painter, frame.petSquare(), mood);
-        painter.setClipping(false);
-    }
-    const CardText& set = text();
-    drawCardText(painter, set, frame.textCorner(set.height), *look_.theme, mood);
-    groundIsOld_ = false;
 }
 
 } // namespace mimkins

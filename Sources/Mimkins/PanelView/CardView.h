@@ -8,6 +8,7 @@
 #include "PanelView/CrewHeads.h"
 #include "PanelView/GlowRing.h"
 #include "PanelView/PetPicture.h"
+#include "PanelView/PetStage.h"
 #include "Presentation/CardRow.h"
 #include "Presentation/CardScale.h"
 
@@ -79,6 +80,7 @@ private:
     CardFrame frame() const;
     const CardText& textFor(double width) const;
     QRectF textArea() const;
+    QRectF timeArea() const;
     QRectF crewRect() const;
     QRectF onScreen(const QRectF& rect) const;
     GlowRing::Shape glowShape() const;
@@ -86,8 +88,13 @@ private:
     void describe();
     void startMoving();
     void placePill();
+    bool mayStage() const;
+    void placeStage();
     QImage plate(CardStates states) const;
+    void keepGround();
     void drawGround();
+    void drawTime();
+    QImage petGround();
     void drawPictures(QPainter& painter, const QImage* pet);
 
     CardRow row_;
@@ -100,9 +107,11 @@ private:
     Date moment_;     ///< that the pet shows
     Date glowMoment_; ///< that glow and crew show
     CardPill* pill_;
-    QImage ground_; ///< all that stands still
+    PetStage* stage_; ///< hidden while the pet is a part of the card's own picture
+    QImage ground_;   ///< all that stands still
     double groundScale_ = 1;
     bool groundIsOld_ = true;
+    bool timeIsOld_ = false; ///< and nothing else in it
     PetPicture pet_;
     GlowRing glow_;
     CrewHeads crew_;

@@ -4,6 +4,8 @@
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/AnimationTime.h"
 
+#include <QPainter>
+
 #include <cmath>
 
 namespace mimkins {
@@ -32,13 +34,25 @@ void PanelGround::draw(QPainter& painter, const QRegion& region) {
     backdrop_.draw(painter, region, theme_, form());
 }
 
+void PanelGround::drawBehind(QPainter& painter, const QWidget& widget, const QRect& area) {
+    const QPoint corner = widget.mapTo(&widget_, QPoint());
+    painter.save();
+    painter.translate(-corner);
+    draw(painter, area.translated(corner));
+    painter.restore();
+}
+
 void PanelGround::themeChanged(Date now) {
     backdrop_.moveBorder(theme_, form(), animationTime(now));
     backdrop_.moveParticles(theme_, form(), animationTime(now));
 }
 
 bool PanelGround::moves() const {
-    return (theme_.borderTravels || theme_.particles != Particles::none) && !perf::off().contains("ambient");
+    return movesInside() || (theme_.borderTravels && !perf::off().contains("ambient"));
+}
+
+bool PanelGround::movesInside() const {
+    return theme_.particles != Particles::none && !perf::off().contains("ambient");
 }
 
 void PanelGround::animate(Date now) {

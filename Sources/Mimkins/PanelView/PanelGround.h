@@ -14,9 +14,13 @@ public:
     PanelGround(QWidget& widget, const PetTheme& theme, Date now);
 
     void draw(QPainter& painter, const QRegion& region);
+    /// What of it lies behind an area of a widget in the drawer, in that widget's own coordinates.
+    void drawBehind(QPainter& painter, const QWidget& widget, const QRect& area);
     void themeChanged(Date now);
     /// True if anything in it moves.
     bool moves() const;
+    /// True if what moves comes inside the drawer's edge, and so behind the cards.
+    bool movesInside() const;
     /// Moves on what is due: each part has a pace of its own, slower than that of the frames.
     void animate(Date now);
 

@@ -77,8 +77,9 @@ PanelView::~PanelView() {
     drawerConnection_.disconnect();
 }
 
-CardLook PanelView::look() const {
-    return {&theme_, Typography(theme_.font), settings_.petPoints, petLook(theme_, settings_.motion)};
+CardLook PanelView::look() {
+    return {
+        &theme_, Typography(theme_.font), settings_.petPoints, petLook(theme_, settings_.motion), &ground_};
 }
 
 void PanelView::setSettings(const PanelSettings& settings) {

@@ -41,7 +41,7 @@ public:
     void setSettings(const PanelSettings& settings);
 
     /// How everything in the drawer looks. Changes with the settings.
-    CardLook look() const;
+    CardLook look();
 
     /// Makes a screen in this look. The drawer takes it over.
     using MakeScreen = std::function<PanelScreen*(const CardLook&)>;

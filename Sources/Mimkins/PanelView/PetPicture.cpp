@@ -4,6 +4,7 @@
 #include "Drawing/RasterCanvas.h"
 #include "Pet/PetPainter.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace mimkins {
@@ -16,13 +17,29 @@ PetPicture::at(Date moment, double side, double pixelRatio, const Pet& pet, cons
     }
     image_.setDevicePixelRatio(pixelRatio);
     image_.fill(Qt::transparent);
+    paint(moment, side, pet, look);
+    return image_;
+}
+
+const QImage&
+PetPicture::over(const QImage& ground, Date moment, double side, const Pet& pet, const CardLook& look) {
+    if (image_.size() != ground.size()) {
+        image_ = QImage(ground.size(), QImage::Format_ARGB32_Premultiplied);
+    }
+    image_.setDevicePixelRatio(ground.devicePixelRatio());
+    std::copy_n(ground.constBits(), ground.sizeInBytes(), image_.bits());
+    paint(moment, side, pet, look);
+    return image_;
+}
+
+/// Draws the pet over what the picture holds.
+void PetPicture::paint(Date moment, double side, const Pet& pet, const CardLook& look) {
     const Bitmap bitmap{
-        reinterpret_cast<std::uint32_t*>(image_.bits()), pixels, pixels,
+        reinterpret_cast<std::uint32_t*>(image_.bits()), image_.width(), image_.height(),
         static_cast<int>(image_.bytesPerLine() / 4)};
-    RasterCanvas canvas(bitmap, pixelRatio, look.scheme(), &QtGlyphOutlines::shared());
+    RasterCanvas canvas(bitmap, image_.devicePixelRatio(), look.scheme(), &QtGlyphOutlines::shared());
     PetPainter painted(GraphicsContext(canvas), side, side, petFrame(pet, look.pets, moment));
     painted.draw(actionOnStage(pet, look.pets));
-    return image_;
 }
 
 void PetPicture::draw(
