@@ -5,7 +5,11 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
+#include <chrono>
+#include <string>
 #include <thread>
+#include <vector>
 
 namespace mimkins::test {
 
@@ -49,6 +53,36 @@ TEST(SingleInstance, MessageReachesTheFirst) {
 TEST(SingleInstance, HomeMayBeLongerThanASocketsAddress) {
     const TemporaryFolder folder;
     expectMessageArrives(folder / (std::string(100, 'a') + "/" + std::string(100, 'b')));
+}
+
+TEST(SingleInstance, MessageWaitsForAFirstThatHasYetToListen) {
+    const TemporaryFolder folder;
+    SingleInstance first(folder / "support");
+    ASSERT_TRUE(first.claim());
+    bool told = false;
+    std::atomic<bool> began = false;
+    std::thread sender([&] {
+        began = true;
+        told = SingleInstance(folder / "support").send("open");
+    });
+    while (!began) {
+        std::this_thread::yield();
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(100)); // some attempts fail
+    LinuxRunLoop loop;
+    std::vector<std::string> received;
+    const Handle listening =
+        first.listen(loop, [&](const std::string& message) { received.push_back(message); });
+    EXPECT_TRUE(loop.runUntil([&] { return !received.empty(); }, 10));
+    sender.join();
+    EXPECT_TRUE(told);
+}
+
+TEST(SingleInstance, FirstThatNeverListensIsGivenUp) {
+    const TemporaryFolder folder;
+    SingleInstance first(folder / "support");
+    ASSERT_TRUE(first.claim());
+    EXPECT_FALSE(SingleInstance(folder / "support").send("open"));
 }
 
 TEST(SingleInstance, NobodyListens) {

@@ -68,11 +68,13 @@ const char* messageOf(const Options& options) {
 int run(QApplication& application, const Paths& paths, const Options& options, Demo* demo) {
     SingleInstance instance(paths.support());
     if (!instance.claim()) {
-        const bool told = instance.send(messageOf(options));
-        if (!told) {
-            std::cerr << "mimkins: it runs already, but doesn't answer\n";
+        if (instance.send(messageOf(options))) {
+            return 0;
         }
-        return told ? 0 : 1;
+        if (!instance.claim()) { // else the other has ended meanwhile
+            std::cerr << "mimkins: it runs already, but doesn't answer\n";
+            return 1;
+        }
     }
     QApplication::setDesktopFileName("app.mimkins");
     QApplication::setWindowIcon(applicationIcon());

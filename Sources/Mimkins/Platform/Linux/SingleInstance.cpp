@@ -8,9 +8,13 @@
 #include <sys/un.h>
 
 #include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace mimkins {
@@ -21,6 +25,8 @@ constexpr const char* lockName = "instance.lock";
 constexpr const char* socketName = "instance.sock";
 constexpr std::size_t longestMessage = 256;
 constexpr int waitSeconds = 2;
+/// Between two attempts to reach a process that has yet to listen.
+constexpr std::chrono::milliseconds betweenAttempts{20};
 
 /// The socket's address through the open folder, since an address holds 107 bytes and a home may be longer.
 sockaddr_un socketAddress(int folder) {
@@ -114,14 +120,38 @@ Handle SingleInstance::listen(DescriptorWatcher& loop, std::function<void(const 
     return Handle([listener] { listener->watch.reset(); });
 }
 
-bool SingleInstance::send(const std::string& message) const {
-    const FileDescriptor socket = makeSocket(0);
+/// True if a process holds the lock, this one or another.
+bool SingleInstance::isClaimed() const {
+    const FileDescriptor lock(::openat(folderDescriptor_.get(), lockName, O_RDWR | O_CLOEXEC));
+    return lock && ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0;
+}
+
+/// A connection to the process that holds the lock. It may have begun just now and have yet to listen, so
+/// this is patient as long as there is such a process. No descriptor if it doesn't listen in time.
+FileDescriptor SingleInstance::connect() const {
     const auto address = socketAddress(folderDescriptor_.get());
-    if (!socket) {
-        return false;
+    const auto attempts = std::chrono::seconds(waitSeconds) / betweenAttempts;
+    for (std::int64_t attempt = 0; attempt < attempts; ++attempt) {
+        FileDescriptor socket = makeSocket(0);
+        if (!socket) {
+            break;
+        }
+        limitWaiting(socket.get());
+        if (::connect(socket.get(), general(address), sizeof address) == 0) {
+            return socket;
+        }
+        const bool mayListenSoon = errno == ENOENT || errno == ECONNREFUSED;
+        if (!mayListenSoon || !isClaimed()) {
+            break;
+        }
+        std::this_thread::sleep_for(betweenAttempts);
     }
-    limitWaiting(socket.get());
-    if (::connect(socket.get(), general(address), sizeof address) != 0) {
+    return {};
+}
+
+bool SingleInstance::send(const std::string& message) const {
+    const FileDescriptor socket = connect();
+    if (!socket) {
         return false;
     }
     const auto sent = ::send(socket.get(), message.data(), message.size(), MSG_NOSIGNAL);

@@ -29,11 +29,16 @@ public:
     /// the process that claimed.
     Handle listen(DescriptorWatcher& loop, std::function<void(const std::string&)> received);
 
-    /// Sends a message to the process that holds the lock. True if it was handed over.
+    /// Sends a message to the process that holds the lock, if need be after waiting up to 2 seconds until it
+    /// listens. True if it was handed over.
     bool send(const std::string& message) const;
 
 private:
     struct Listener;
+
+    bool isClaimed() const;
+    FileDescriptor connect() const;
+
     std::string folder_;
     FileDescriptor folderDescriptor_;
     FileDescriptor lock_;
