@@ -58,7 +58,7 @@ protected:
         for (const auto* shown : panel->list().cards()) {
             stage(*shown).hide();
         }
-        const QImage result = picture();
+        QImage result = picture();
         for (auto* shown : panel->list().cards()) {
             QEvent event(QEvent::HoverLeave);
             QCoreApplication::sendEvent(shown, &event); // draws its ground afresh
