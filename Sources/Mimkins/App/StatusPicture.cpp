@@ -60,6 +60,17 @@ QIcon statusPicture(const std::string& title) {
     return icon;
 }
 
+QIcon StatusPictures::of(const std::string& title) {
+    const auto known = kept_.find(title);
+    if (known != kept_.end()) {
+        return known->second;
+    }
+    if (kept_.size() >= most) {
+        kept_.clear();
+    }
+    return kept_.emplace(title, statusPicture(title)).first->second;
+}
+
 void fillMenu(
     QMenu& menu, const std::vector<status_item::MenuRow>& rows, const std::vector<MenuHandler>& handlers
 ) {
