@@ -127,7 +127,11 @@ void EdgeTab::wiggle() {
             showFrame();
         }
     }
-    wiggling_ = loop_.after(nextWiggle(t), [this] { wiggle(); });
+    const double next = nextWiggle(t);
+    if (!wiggling_ || next != wiggleInterval_) { // all frames of a shake share a timer
+        wiggleInterval_ = next;
+        wiggling_ = loop_.every(next, [this] { wiggle(); });
+    }
 }
 
 void EdgeTab::describe() {

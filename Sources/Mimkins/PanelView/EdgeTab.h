@@ -80,6 +80,7 @@ private:
     double offset_ = 0;
     Handle glowing_;
     Handle wiggling_;
+    double wiggleInterval_ = 0;
 };
 
 } // namespace mimkins
