@@ -27,7 +27,7 @@ if(MIMKINS_UI)
     mimkins_test(Install PROGRAMS mimkins mimkin mimkins_icons)
     add_test(NAME Desktop COMMAND Desktop/run $<TARGET_FILE:mimkins> ${CMAKE_BINARY_DIR}/Desktop
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
-    foreach(script accessible settings tray two-screens)
+    foreach(script accessible settings tab tray two-screens)
         add_test(NAME Desktop/${script} COMMAND Desktop/${script} $<TARGET_FILE:mimkins>
             WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
         set_tests_properties(

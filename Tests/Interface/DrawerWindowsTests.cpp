@@ -35,6 +35,11 @@ public:
 
     bool hasTranslucency() override { return translucent; }
 
+    bool put(WindowId window, const WindowPicture& picture) override {
+        pictures[window] = {picture.width, picture.height()};
+        return shows;
+    }
+
     Handle whenWindowsChange(std::function<void()> change) override {
         changed = std::move(change);
         return Handle([this] { changed = nullptr; });
@@ -45,6 +50,8 @@ public:
     std::vector<WindowId> raised;
     std::optional<WindowId> active;
     std::vector<WindowId> activated;
+    std::map<WindowId, std::pair<std::size_t, std::size_t>> pictures;
+    bool shows = true;
     bool covered = false;
     bool translucent = true;
     std::function<void()> changed;
@@ -355,6 +362,14 @@ TEST_F(Windows, ShuttingEndsTheLoan) {
     endWriting();
     EXPECT_TRUE(windows->drawer().takesKeyboard());
     EXPECT_THAT(system.activated, IsEmpty());
+}
+
+TEST_F(Windows, GlowGoesStraightToTheTabsWindow) {
+    start();
+    windows->tab().setContent({{true, 1}, true, false});
+    loop.advance(0.1);
+    const std::pair<const WindowId, std::pair<std::size_t, std::size_t>> tabs{tabId, {28, 92}};
+    EXPECT_THAT(system.pictures, ElementsAre(tabs));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "App/ConnectionPartOf.h"
 #include "App/PanelSettingsOf.h"
-#include "App/StatusPicture.h"
 #include "Drawing/Qt/Conversions.h"
 #include "Platform/Qt/DesktopHotKeys.h"
 #include "Platform/Qt/XcbWindowSystem.h"
@@ -173,7 +172,7 @@ void AppDelegate::showCounts() {
     auto title = status_item::title(attentionCount(sessions), settings_.menuBarCount());
     if (statusTitle_ != title) {
         statusTitle_ = std::move(title);
-        statusItem_->setPicture(statusPicture(*statusTitle_));
+        statusItem_->setPicture(statusPictures_.of(*statusTitle_));
     }
 }
 

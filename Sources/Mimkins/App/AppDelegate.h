@@ -3,6 +3,7 @@
 #include "App/ClientConnection.h"
 #include "App/DrawerWindows.h"
 #include "App/NextUpControl.h"
+#include "App/StatusPicture.h"
 #include "Base/Paths.h"
 #include "HUD/HUD.h"
 #include "PanelView/PanelView.h"
@@ -103,6 +104,7 @@ private:
     QMenu tabMenu_;
     std::unique_ptr<TrayItem> statusItem_;
     std::optional<std::string> statusTitle_;
+    StatusPictures statusPictures_;
     Handle pendingPlace_;
     Handle pendingSettings_;
 };

@@ -22,6 +22,12 @@ bool storedOpen(const PreferencesStore& preferences) {
     return open == nullptr || *open;
 }
 
+WindowPicture pictureOf(const QImage& image) {
+    const auto width = static_cast<std::size_t>(image.width());
+    const auto* pixels = reinterpret_cast<const std::uint32_t*>(image.constBits());
+    return {{pixels, width * static_cast<std::size_t>(image.height())}, width};
+}
+
 } // namespace
 
 DrawerWindows::DrawerWindows(Parts parts, const PanelSettings& settings)
@@ -29,6 +35,7 @@ DrawerWindows::DrawerWindows(Parts parts, const PanelSettings& settings)
       clock_([this](double seconds) { return step(seconds); }) {
     tab_.setTheme(PetTheme::named(settings_.themeId));
     connect(&tab_, &QAbstractButton::clicked, this, [this] { toggle(); });
+    tab_.onFrame = [this](const QImage& frame) { return parts_.windows.put(tabId(), pictureOf(frame)); };
     // Both windows are made before they are shown, so that they appear with their traits.
     window_.winId();
     tab_.winId();

@@ -7,10 +7,14 @@
 #include "Theme/PetTheme.h"
 
 #include <QFontMetricsF>
+#include <QIconEngine>
+#include <QPaintDevice>
 #include <QPainter>
 #include <QPixmap>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace mimkins {
 
@@ -49,15 +53,60 @@ QPixmap picture(int side, const QString& words) {
     return pixmap;
 }
 
+/// Draws a size when a tray asks for it, and keeps it: most trays want a single one, and none is wanted where
+/// there is no tray.
+class StatusPictureEngine final : public QIconEngine {
+public:
+    explicit StatusPictureEngine(QString words) : words_(std::move(words)) {}
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override {
+        const int side = std::max(std::min(size.width(), size.height()), 1);
+        auto& kept = pictures_[side];
+        if (kept.isNull()) {
+            kept = picture(side, words_);
+        }
+        return kept;
+    }
+
+    void paint(QPainter* painter, const QRect& area, QIcon::Mode mode, QIcon::State state) override {
+        const double ratio = painter->device()->devicePixelRatioF();
+        const QPixmap drawn = pixmap((QSizeF(area.size()) * ratio).toSize(), mode, state);
+        QRectF place({}, QSizeF(drawn.size()) / ratio);
+        place.moveCenter(QRectF(area).center());
+        painter->drawPixmap(place, drawn, QRectF(drawn.rect()));
+    }
+
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+        QList<QSize> sizes;
+        for (const int side : pictureSides) {
+            sizes.append({side, side});
+        }
+        return sizes;
+    }
+
+    QIconEngine* clone() const override { return new StatusPictureEngine(*this); }
+
+private:
+    QString words_;
+    std::map<int, QPixmap> pictures_; ///< by side
+};
+
 } // namespace
 
 QIcon statusPicture(const std::string& title) {
     const QString words = qt::text(title).trimmed();
-    QIcon icon;
-    for (const int side : pictureSides) {
-        icon.addPixmap(picture(side, words.size() > 2 ? QString("99") : words));
+    return QIcon(new StatusPictureEngine(words.size() > 2 ? QString("99") : words));
+}
+
+QIcon StatusPictures::of(const std::string& title) {
+    const auto known = kept_.find(title);
+    if (known != kept_.end()) {
+        return known->second;
     }
-    return icon;
+    if (kept_.size() >= most) {
+        kept_.clear();
+    }
+    return kept_.emplace(title, statusPicture(title)).first->second;
 }
 
 void fillMenu(

@@ -6,7 +6,6 @@
 #include "Drawing/Qt/Scheme.h"
 #include "Drawing/Qt/Shapes.h"
 #include "PanelView/AnimationTime.h"
-#include "PanelView/ShiftedPicture.h"
 #include "PanelView/StretchedPicture.h"
 #include "Presentation/PanelFrames.h"
 #include "Presentation/StatusItem.h"
@@ -77,10 +76,25 @@ void EdgeTab::redraw() {
     update();
 }
 
+const QImage& EdgeTab::frame() {
+    prepare();
+    const double opacity = content_.badge.blocked ? glowOpacity(glowMoment_) : 0;
+    return composed({still_, outline_, opacity, offset_}, frame_);
+}
+
+void EdgeTab::showFrame() {
+    if (!onFrame || !isVisible() || !onFrame(frame())) {
+        update();
+    }
+}
+
 void EdgeTab::keepTime() {
     const bool wanted = content_.badge.blocked && isVisible() && !covered_;
     const bool glows = wanted && !perf::off().contains("glow");
     const bool wiggles = wanted && content_.mayWiggle;
+    if ((glowing_ && !glows) || (wiggling_ && !wiggles)) {
+        update(); // the toolkit knows nothing of the frames until now, and there may be no other
+    }
     if (!glows) {
         glowing_.reset();
     } else if (!glowing_) {
@@ -98,7 +112,7 @@ void EdgeTab::keepTime() {
 void EdgeTab::glow() {
     glowMoment_ = animationTime(loop_.now());
     if (offset_ == 0) { // else the next frame of the wiggle shows it
-        update();
+        showFrame();
     }
 }
 
@@ -107,9 +121,17 @@ void EdgeTab::wiggle() {
     const double offset = wiggleOffset(t);
     if (offset_ != offset) {
         offset_ = offset;
-        update();
+        if (offset_ == 0 && !glowing_) {
+            update(); // it rests, so the toolkit must know what it looks like
+        } else {
+            showFrame();
+        }
     }
-    wiggling_ = loop_.after(nextWiggle(t), [this] { wiggle(); });
+    const double next = nextWiggle(t);
+    if (!wiggling_ || next != wiggleInterval_) { // all frames of a shake share a timer
+        wiggleInterval_ = next;
+        wiggling_ = loop_.every(next, [this] { wiggle(); });
+    }
 }
 
 void EdgeTab::describe() {
@@ -207,22 +229,8 @@ void EdgeTab::prepare() {
 }
 
 void EdgeTab::paintEvent(QPaintEvent*) {
-    prepare();
-    QPainter painter(this);
-    // The painter would let a picture jump from pixel to pixel.
-    const auto draw = [this, &painter](const QImage& picture) {
-        if (offset_ == 0) {
-            painter.drawImage(0, 0, picture);
-            return;
-        }
-        shift(picture, offset_, shifted_);
-        painter.drawImage(0, 0, shifted_);
-    };
-    draw(still_);
-    if (content_.badge.blocked) {
-        painter.setOpacity(glowOpacity(glowMoment_));
-        draw(outline_);
-    }
+    const QImage& picture = frame();
+    QPainter(this).drawImage(0, 0, picture);
 }
 
 } // namespace mimkins

@@ -2,6 +2,7 @@
 
 #include "Base/Handle.h"
 #include "PanelView/Backdrop.h"
+#include "PanelView/TabFrame.h"
 #include "PanelView/Typography.h"
 #include "Platform/RunLoop.h"
 #include "Presentation/EdgeTabBadge.h"
@@ -30,6 +31,10 @@ public:
 
     /// Asks for the application's menu at a place of the screen.
     std::function<void(QPoint)> onMenu;
+    /// Shows a frame in the tab's window at once, as large as the window in the screen's pixels; false if
+    /// that can't be done. The frames of its motion go there first, since the toolkit's way onto the screen
+    /// takes many times what such a small picture is worth.
+    std::function<bool(const QImage&)> onFrame;
 
     void setContent(const Content& content);
     void setTheme(const PetTheme& theme);
@@ -50,6 +55,8 @@ protected:
 private:
     void describe();
     void redraw();
+    void showFrame();
+    const QImage& frame();
     void keepTime();
     void glow();
     void wiggle();
@@ -68,11 +75,12 @@ private:
     bool covered_ = false;
     QImage still_;   ///< all but the glow, at its ordinary place
     QImage outline_; ///< the glow at its strongest
-    QImage shifted_; ///< memory for one of them at another place
+    TabFrameMemory frame_;
     double glowMoment_ = 0;
     double offset_ = 0;
     Handle glowing_;
     Handle wiggling_;
+    double wiggleInterval_ = 0;
 };
 
 } // namespace mimkins

@@ -2,9 +2,11 @@
 
 #include "Base/Handle.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace mimkins {
@@ -16,6 +18,15 @@ using WindowId = std::uint64_t;
 enum class WindowLevel {
     normal,   ///< like any window: others can cover it
     floating, ///< above ordinary windows
+};
+
+/// A small picture for a window, in the screen's own pixels: premultiplied, 0xAARRGGBB, row by row from the
+/// top without gaps.
+struct WindowPicture {
+    std::span<const std::uint32_t> pixels;
+    std::size_t width = 0;
+
+    std::size_t height() const { return width == 0 ? 0 : pixels.size() / width; }
 };
 
 /// What the panels need of the window system beyond ordinary windows.
@@ -47,6 +58,11 @@ public:
     /// True if windows may be translucent.
     virtual bool hasTranslucency() = 0;
 
+    /// Shows a picture at the upper left of a window of this process at once, past the toolkit, which doesn't
+    /// learn of it and shows its own again when it next paints or the window is laid bare. False if it can't
+    /// be done; a window that isn't shown is such a case.
+    virtual bool put(WindowId window, const WindowPicture& picture) = 0;
+
     /// Calls `changed` after windows were moved, stacked, shown or hidden, at most a few times a second,
     /// until the handle ends.
     virtual Handle whenWindowsChange(std::function<void()> changed) = 0;
@@ -68,6 +84,8 @@ public:
     bool isCovered(WindowId, const std::vector<WindowId>&) override { return false; }
 
     bool hasTranslucency() override { return true; }
+
+    bool put(WindowId, const WindowPicture&) override { return false; }
 
     Handle whenWindowsChange(std::function<void()>) override { return {}; }
 };

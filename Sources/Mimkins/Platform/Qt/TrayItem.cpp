@@ -15,6 +15,12 @@ TrayItem::TrayItem() {
     QObject::connect(&menu_, &QMenu::aboutToShow, &menu_, [this] { fillMenu(); });
 }
 
+void TrayItem::setToolTip(const QString& words) {
+    if (icon_.toolTip() != words) {
+        icon_.setToolTip(words);
+    }
+}
+
 void TrayItem::show() {
     fillMenu(); // a menu that is handed over to the desktop must not be empty
     icon_.setContextMenu(&menu_);

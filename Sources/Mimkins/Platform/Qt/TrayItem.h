@@ -20,7 +20,8 @@ public:
 
     void setPicture(const QIcon& picture) { icon_.setIcon(picture); }
 
-    void setToolTip(const QString& words) { icon_.setToolTip(words); }
+    /// The desktop hears of it only if it changes.
+    void setToolTip(const QString& words);
 
     /// Shows the item, which must have its picture by then.
     void show();

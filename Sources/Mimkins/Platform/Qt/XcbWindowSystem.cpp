@@ -189,6 +189,10 @@ bool XcbWindowSystem::hasTranslucency() {
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
+bool XcbWindowSystem::put(WindowId window, const WindowPicture& picture) {
+    return pictures_.put(static_cast<xcb_window_t>(window), picture);
+}
+
 Handle XcbWindowSystem::whenWindowsChange(std::function<void()> changed) {
     return watchXcbChanges({loops_.timers, loops_.descriptors, std::move(changed)});
 }

@@ -2,6 +2,7 @@
 
 #include "Drawing/Geometry.h"
 #include "Platform/Linux/DescriptorWatcher.h"
+#include "Platform/Qt/XcbPictures.h"
 #include "Platform/Qt/XcbProperties.h"
 #include "Platform/RunLoop.h"
 #include "Platform/WindowSystem.h"
@@ -29,11 +30,13 @@ public:
     void activate(WindowId window) override;
     bool isCovered(WindowId window, const std::vector<WindowId>& ignoring) override;
     bool hasTranslucency() override;
+    bool put(WindowId window, const WindowPicture& picture) override;
     Handle whenWindowsChange(std::function<void()> changed) override;
 
 private:
     XcbWindowSystem(XcbProperties properties, int screenNumber, Loops loops)
-        : properties_(std::move(properties)), screenNumber_(screenNumber), loops_(loops) {}
+        : properties_(std::move(properties)), screenNumber_(screenNumber), loops_(loops),
+          pictures_(properties_.connection()) {}
 
     bool isViewable(xcb_window_t window);
     bool isShown(xcb_window_t window, const XcbProperties::Values& currentDesktop);
@@ -43,6 +46,7 @@ private:
     XcbProperties properties_;
     int screenNumber_;
     Loops loops_;
+    XcbPictures pictures_;
 };
 
 } // namespace mimkins

@@ -1,0 +1,66 @@
+#include "PanelView/TabFrame.h"
+
+#include "PanelView/ShiftedPicture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+
+namespace mimkins {
+
+namespace {
+
+constexpr std::uint32_t full = 255;
+
+/// A pixel at so many 255ths of its strength.
+std::uint32_t faded(std::uint32_t pixel, std::uint32_t part) {
+    std::uint32_t result = 0;
+    for (int shift = 0; shift < 32; shift += 8) {
+        result |= ((pixel >> shift & full) * part + full / 2) / full << shift;
+    }
+    return result;
+}
+
+std::uint32_t* row(QImage& picture, int y) {
+    return reinterpret_cast<std::uint32_t*>(picture.scanLine(y));
+}
+
+const std::uint32_t* row(const QImage& picture, int y) {
+    return reinterpret_cast<const std::uint32_t*>(picture.constScanLine(y));
+}
+
+void layOver(const QImage& above, std::uint32_t part, QImage& below) {
+    for (int y = 0; y < below.height(); ++y) {
+        const auto* from = row(above, y);
+        auto* to = row(below, y);
+        for (int x = 0; x < below.width(); ++x) {
+            if (from[x] != 0) { // nearly all of the outline is clear
+                const std::uint32_t light = faded(from[x], part);
+                to[x] = light + faded(to[x], full - (light >> 24));
+            }
+        }
+    }
+}
+
+} // namespace
+
+const QImage& composed(const TabFrame& frame, TabFrameMemory& memory) {
+    auto& glowing = memory.glowing;
+    if (glowing.size() != frame.still.size()) {
+        glowing = QImage(frame.still.size(), QImage::Format_ARGB32_Premultiplied);
+    }
+    glowing.setDevicePixelRatio(frame.still.devicePixelRatio());
+    std::memcpy(glowing.bits(), frame.still.constBits(), static_cast<std::size_t>(glowing.sizeInBytes()));
+    const auto part = std::lround(std::clamp(frame.opacity, 0.0, 1.0) * full);
+    if (part > 0) {
+        layOver(frame.outline, static_cast<std::uint32_t>(part), glowing);
+    }
+    if (frame.offset == 0) {
+        return glowing;
+    }
+    shift(glowing, frame.offset, memory.shifted);
+    return memory.shifted;
+}
+
+} // namespace mimkins
