@@ -6,14 +6,15 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
 
 namespace mimkins::test {
 
-/// Files in memory, open for reading in pieces. Each change of a file gives it a new time. Counts what is
-/// asked of it, and fails when told to.
+/// Files in memory, open for reading in pieces, which several threads may do. Each change of a file gives it
+/// a new time. Counts what is asked of it, and fails when told to.
 class MemoryFiles final : public RandomAccessFiles {
 public:
     struct Counts {
@@ -45,7 +46,7 @@ public:
     std::optional<std::uint64_t> brokenFrom;
     /// Reading finds the file's end at this position, as if it had shrunk after it was opened.
     std::optional<std::uint64_t> shrunkTo;
-    /// Called before each read, with its position.
+    /// Called before each read, with its position, for one read at a time.
     std::function<void(std::uint64_t)> beforeRead;
 
     const Counts& counts() const { return counts_; }
@@ -83,6 +84,7 @@ private:
         FileIdentity identity() const override { return identity_; }
 
         std::optional<std::size_t> read(std::uint64_t position, std::span<char> buffer) const override {
+            const std::lock_guard lock(files_.reading_);
             if (files_.beforeRead) {
                 files_.beforeRead(position);
             }
@@ -107,6 +109,7 @@ private:
     };
 
     std::map<std::string, File> files_;
+    mutable std::mutex reading_;
     mutable Counts counts_;
 };
 

@@ -5,11 +5,19 @@ using namespace mimkins::test;
 
 namespace {
 
-class Reading : public Scanner {};
+enum class Threads { one, two };
+
+/// Everything holds whether the reading is shared or not.
+class Reading : public Scanner, public testing::WithParamInterface<Threads> {
+protected:
+    Reading() : Scanner(GetParam() == Threads::two ? sharing() : BackgroundScanner::Options{}) {}
+};
+
+INSTANTIATE_TEST_SUITE_P(Threads, Reading, testing::Values(Threads::one, Threads::two));
 
 } // namespace
 
-TEST_F(Reading, ATailWithoutNewlineWaitsForItsEnd) {
+TEST_P(Reading, ATailWithoutNewlineWaitsForItsEnd) {
     const auto line = started("b2");
     EXPECT_EQ(scan(started("a1") + line.substr(0, line.size() - 1)).commands, 1);
     EXPECT_EQ(tally().offset, started("a1").size());
@@ -18,7 +26,7 @@ TEST_F(Reading, ATailWithoutNewlineWaitsForItsEnd) {
     EXPECT_EQ(tally().offset, 2 * line.size());
 }
 
-TEST_F(Reading, AFileWithoutNewlineIsNotConsumed) {
+TEST_P(Reading, AFileWithoutNewlineIsNotConsumed) {
     auto line = started("b2");
     line.pop_back();
     EXPECT_EQ(scan(line).commands, 0);
@@ -32,13 +40,13 @@ TEST_F(Reading, AFileWithoutNewlineIsNotConsumed) {
     EXPECT_TRUE(tally().started.contains("c3"));
 }
 
-TEST_F(Reading, TheFirstReadingIsCapped) {
+TEST_P(Reading, TheFirstReadingIsCapped) {
     const auto head = started("a1") + started("b2");
     std::string file = head + std::string(6'000'001 - head.size() - 1, 'x') + "\n";
     EXPECT_EQ(scan(file.substr(1)).commands, 2); // 6,000,000 bytes are read whole.
     test::MemoryFiles own;
     own.write(path, file);
-    BackgroundScanner capped(own);
+    BackgroundScanner capped(own, options);
     EXPECT_EQ(capped.scan(path, processStart, now).commands, 1);
     EXPECT_TRUE(capped.tallies().at(path).started.contains("b2"));
     EXPECT_EQ(capped.tallies().at(path).offset, file.size());
@@ -47,26 +55,26 @@ TEST_F(Reading, TheFirstReadingIsCapped) {
     EXPECT_EQ(capped.scan(path, processStart, now).commands, 2);
 }
 
-TEST_F(Reading, AScheduleWhoseCallLiesBeforeTheCapHasNoPrompt) {
+TEST_P(Reading, AScheduleWhoseCallLiesBeforeTheCapHasNoPrompt) {
     const auto result = cronResult("toolu_1", "Scheduled recurring task ab (0 9 * * 1)");
     const auto work = scan(cronCall("toolu_1", "lost") + std::string(6'000'000, 'x') + "\n" + result);
     EXPECT_EQ(work.items, (std::vector<ScheduledItem>{{"ab", std::nullopt, true, ""}}));
 }
 
-TEST_F(Reading, ATruncatedFileIsReadAnew) {
+TEST_P(Reading, ATruncatedFileIsReadAnew) {
     EXPECT_EQ(scan(started("a1") + started("b2")).commands, 2);
     EXPECT_EQ(scan(started("c3")).commands, 1);
     EXPECT_EQ(tally().started.size(), 1U);
 }
 
-TEST_F(Reading, AFileThatShrankAndGrewBetweenScansIsNotNoticed) {
+TEST_P(Reading, AFileThatShrankAndGrewBetweenScansIsNotNoticed) {
     EXPECT_EQ(scan(started("a1")).commands, 1);
     EXPECT_EQ(scan(started("b2") + started("c3")).commands, 2);
     EXPECT_TRUE(tally().started.contains("a1"));
     EXPECT_FALSE(tally().started.contains("b2"));
 }
 
-TEST_F(Reading, WhatCannotBeReadHasNothingNew) {
+TEST_P(Reading, WhatCannotBeReadHasNothingNew) {
     EXPECT_EQ(scanner.scan("/missing", processStart, now), BackgroundWork{});
     EXPECT_TRUE(scanner.tallies().contains("/missing"));
     EXPECT_EQ(scan(started("a1")).commands, 1);
@@ -79,7 +87,7 @@ TEST_F(Reading, WhatCannotBeReadHasNothingNew) {
     EXPECT_EQ(scanner.scan(path, processStart, now).commands, 2);
 }
 
-TEST_F(Reading, AFailureInTheMiddleLeavesTheTallyAsItWas) {
+TEST_P(Reading, AFailureInTheMiddleLeavesTheTallyAsItWas) {
     scan(started("a1"));
     const Tally before = tally();
     files.append(path, started("b2") + std::string(1'000'000, 'x') + "\n" + started("c3"));
@@ -90,14 +98,14 @@ TEST_F(Reading, AFailureInTheMiddleLeavesTheTallyAsItWas) {
     EXPECT_EQ(scanner.scan(path, processStart, now).commands, 3);
 }
 
-TEST_F(Reading, AFileThatShrinksWhileItIsReadGivesWhatIsThere) {
+TEST_P(Reading, AFileThatShrinksWhileItIsReadGivesWhatIsThere) {
     files.write(path, started("a1") + started("b2"));
     files.shrunkTo = started("a1").size() + 10;
     EXPECT_EQ(scanner.scan(path, processStart, now).commands, 1);
     EXPECT_EQ(tally().offset, started("a1").size());
 }
 
-TEST_F(Reading, ALineThatChangesWhileItIsReadIsNotTaken) {
+TEST_P(Reading, ALineThatChangesWhileItIsReadIsNotTaken) {
     auto line = started("a1");
     line.insert(1, std::string(600'000, 'x'));
     files.write(path, line);
@@ -112,7 +120,7 @@ TEST_F(Reading, ALineThatChangesWhileItIsReadIsNotTaken) {
     EXPECT_EQ(tally(), Tally{});
 }
 
-TEST_F(Reading, AnUnchangedFileCostsOneLook) {
+TEST_P(Reading, AnUnchangedFileCostsOneLook) {
     scan(started("a1") + "an unfinished line");
     const auto before = files.counts();
     EXPECT_EQ(scanner.scan(path, processStart, now).commands, 1);
@@ -125,7 +133,7 @@ TEST_F(Reading, AnUnchangedFileCostsOneLook) {
     EXPECT_EQ(tally().offset, files.bytes(path).size());
 }
 
-TEST_F(Reading, MemoryStaysFlatHoweverMuchIsNew) {
+TEST_P(Reading, MemoryStaysFlatHoweverMuchIsNew) {
     std::string file;
     while (file.size() < 5'000'000) {
         file += started("a1") + std::string(100'000, 'x') + "\n";
@@ -134,7 +142,7 @@ TEST_F(Reading, MemoryStaysFlatHoweverMuchIsNew) {
     EXPECT_LE(files.counts().largestRead, BackgroundScanner::Options{}.blockSize);
 }
 
-TEST_F(Reading, LinesOfTenMegabytesAreRead) {
+TEST_P(Reading, LinesOfTenMegabytesAreRead) {
     const std::string filler(10'000'000, '.');
     const std::string complete =
         filler + "\n<task-id>x1</task-id>" + filler + "running in background with ID: a1\n" + filler +
@@ -142,7 +150,7 @@ TEST_F(Reading, LinesOfTenMegabytesAreRead) {
     files.write(path, complete + filler + "running in background with ID: c3");
     for (const MarkerSearch search : {&findMarkersPortably, &findMarkersWithAvx2}) {
         Tally read;
-        BackgroundScanner uncapped(files, {1'000'000'000, std::size_t{256} << 10U, search});
+        BackgroundScanner uncapped(files, {1'000'000'000, options.blockSize, search, options.shared});
         uncapped.read(path, now, read);
         EXPECT_EQ(read.offset, complete.size());
         EXPECT_EQ(read.started.size(), 2U);

@@ -2,6 +2,7 @@
 
 #include "Background/BackgroundScanner.h"
 #include "Background/MemoryFiles.h"
+#include "Background/SharedOptions.h"
 #include "Base/DateText.h"
 
 #include <gtest/gtest.h>
@@ -42,6 +43,9 @@ inline std::string cronResult(const std::string& call, const std::string& announ
 /// Scans one transcript, in UTC.
 class Scanner : public testing::Test {
 protected:
+    explicit Scanner(const BackgroundScanner::Options& chosen = {})
+        : options(chosen), scanner(files, chosen) {}
+
     void SetUp() override { ::setenv("TZ", "UTC", 1); }
 
     BackgroundWork scan(const std::string& bytes) {
@@ -52,7 +56,8 @@ protected:
     const Tally& tally() const { return scanner.tallies().at(path); }
 
     MemoryFiles files;
-    BackgroundScanner scanner{files};
+    const BackgroundScanner::Options options;
+    BackgroundScanner scanner;
 };
 
 } // namespace mimkins::test

@@ -2,6 +2,7 @@
 #include "Background/MemoryFiles.h"
 #include "Background/NaiveScanner.h"
 #include "Background/RandomTranscript.h"
+#include "Background/SharedOptions.h"
 #include "Base/DateText.h"
 #include "Support/TemporaryFolder.h"
 
@@ -23,12 +24,12 @@ protected:
     void SetUp() override { ::setenv("TZ", "UTC", 1); }
 };
 
-/// Blocks of any size, and either search.
+/// Blocks of any size, either search, and now and then two threads.
 BackgroundScanner::Options randomOptions(std::mt19937& random) {
     BackgroundScanner::Options options;
     options.blockSize = 1 + random() % 150;
     options.search = random() % 2 == 0 ? &findMarkersPortably : &findMarkersWithAvx2;
-    return options;
+    return random() % 20 == 0 ? test::sharing(options) : options;
 }
 
 } // namespace

@@ -1,9 +1,11 @@
+#include "Base/BlankEscapes.h"
 #include "Base/Json.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
 #include <memory>
+#include <random>
 #include <string>
 
 using namespace mimkins;
@@ -55,4 +57,60 @@ RC_GTEST_PROP(JsonParser, AgreesWithADocumentOfItsOwn, (const std::vector<std::s
         const auto inPlace = std::string_view(buffer).substr(0, text.size());
         RC_ASSERT(parser.parse(inPlace, json::Parser::padding)["k"].string() == expected);
     }
+}
+
+namespace {
+
+/// Whether the processor blanks at all.
+bool canBlank() {
+    std::string copy(1, ' ');
+    return json::blankEscapes("1", copy.data());
+}
+
+} // namespace
+
+TEST(JsonParser, BlanksEscapesOfTwoCharacters) {
+    if (!canBlank()) {
+        GTEST_SKIP() << "this processor has no AVX2";
+    }
+    json::Parser parser;
+    for (std::size_t shift = 0; shift < 80; ++shift) {
+        const std::string before(shift, '.');
+        const std::string after(40, '.');
+        for (const char* sequence : {"\\\"", "\\\\", "\\/", "\\b", "\\f", "\\n", "\\r", "\\t"}) {
+            const auto root = parser.parseBlanked("[\"" + before + sequence + after + "\"]");
+            EXPECT_EQ(root.elements().at(0).string(), before + "\x7f\x7f" + after) << shift;
+        }
+        for (const char* other : {"\\u0041", "\\x", "\\", "\\\\\\u0041", "\\ "}) {
+            EXPECT_FALSE(parser.parseBlanked("[\"" + before + other + after + "\"]").exists()) << shift;
+        }
+    }
+    EXPECT_FALSE(parser.parseBlanked("[\"\\").exists());
+    EXPECT_FALSE(parser.parseBlanked("").exists());
+}
+
+// Of a text with escapes of two characters alone, blanking changes the strings and nothing else.
+TEST(JsonParser, ReadsWhatItBlanksOrNothing) {
+    std::mt19937 random(7);
+    json::Parser parser;
+    json::Parser blanking;
+    int readable = 0;
+    for (int round = 0; round < 300'000; ++round) {
+        std::string text;
+        constexpr std::string_view pieces = "\\\\\\n\"bt/ur:,[]{}1 xyzxyzxyzxyzxyzxyzxyz\x7f";
+        for (std::size_t count = random() % 90; count > 0; --count) {
+            text += pieces[random() % pieces.size()];
+        }
+        text = random() % 4 == 0 ? text : "\"" + text + "\"";
+        const auto plain = parser.parse(text);
+        const auto blanked = blanking.parseBlanked(text);
+        if (blanked.exists()) {
+            ASSERT_TRUE(plain.exists()) << text;
+            ASSERT_EQ(plain.type(), blanked.type()) << text;
+            ++readable;
+        } else if (canBlank()) {
+            ASSERT_TRUE(!plain.exists() || text.find("\\u") != std::string::npos) << text;
+        }
+    }
+    EXPECT_TRUE(readable > 1'000 || !canBlank()) << readable;
 }

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -37,11 +38,34 @@ public:
     mutable std::set<std::string> folders;
 };
 
-class NoFiles final : public RandomAccessFiles {
+/// Every path leads to a file of line ends, or none does.
+class BlankFiles final : public RandomAccessFiles {
 public:
-    std::optional<FileIdentity> look(const std::string&) const override { return std::nullopt; }
+    std::optional<FileIdentity> look(const std::string&) const override {
+        return size == 0 ? std::nullopt : std::optional(FileIdentity{1, 1, size, {}});
+    }
 
-    std::unique_ptr<RandomAccessFile> open(const std::string&) const override { return nullptr; }
+    std::unique_ptr<RandomAccessFile> open(const std::string&) const override {
+        return size == 0 ? nullptr : std::make_unique<File>(size);
+    }
+
+    std::uint64_t size = 0;
+
+private:
+    class File final : public RandomAccessFile {
+    public:
+        explicit File(std::uint64_t size) : size_(size) {}
+
+        FileIdentity identity() const override { return {1, 1, size_, {}}; }
+
+        std::optional<std::size_t> read(std::uint64_t, std::span<char> buffer) const override {
+            std::fill(buffer.begin(), buffer.end(), '\n');
+            return buffer.size();
+        }
+
+    private:
+        std::uint64_t size_;
+    };
 };
 
 } // namespace
@@ -53,7 +77,8 @@ protected:
     void start() {
         store = std::make_unique<SessionStore>(
             paths,
-            SessionStoreServices{loop, files, watcher, processes, git, opener, repositoryQueue, scanQueue}
+            SessionStoreServices{
+                loop, files, watcher, processes, git, opener, repositoryQueue, scanQueue, &scanHelper}
         );
         store->onNeedsKeeper = [this](const Session& session) { keepers.push_back(session.id); };
         store->sessionsChanged().connect([this] { ++publications; });
@@ -101,9 +126,10 @@ protected:
     ManualFolderWatcher watcher;
     FakeProcesses processes;
     StoreGit git;
-    NoFiles opener;
+    BlankFiles opener;
     ManualWorkQueue repositoryQueue;
     ManualWorkQueue scanQueue;
+    ManualWorkQueue scanHelper;
     std::unique_ptr<SessionStore> store;
     Ids keepers;
     int publications = 0;
@@ -441,6 +467,23 @@ TEST_F(Store, ScansOnlySessionsAtRestOneScanAtATime) {
     scanQueue.run();
     loop.advance(3);
     EXPECT_EQ(scanQueue.waiting(), 1U);
+}
+
+TEST_F(Store, OnlyALongScanIsSharedWithTheHelper) {
+    registered("s", "busy", 7, R"(,"cwd":"/home/kim/shop")");
+    status("s", "done");
+    start();
+    const auto scanAt = [this](std::uint64_t size) {
+        opener.size = size;
+        loop.advance(3);
+        EXPECT_EQ(scanQueue.waiting(), 1U);
+        scanQueue.run();
+        loop.drain();
+        return scanHelper.waiting();
+    };
+    EXPECT_EQ(scanAt(1'000), 0U);
+    EXPECT_EQ(scanAt(20'000'000), 0U);
+    EXPECT_EQ(scanAt(80'000'000), 1U);
 }
 
 TEST_F(Store, SweepSaysWhenItIsUnderWay) {

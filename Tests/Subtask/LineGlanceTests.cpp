@@ -13,7 +13,18 @@ namespace {
 
 /// With the id "1" answered and no other.
 bool onlyCalls(const std::string& line, bool isEffortKnown = true) {
-    return holdsOnlyCalls(line, isEffortKnown, [](std::string_view id) { return id == "1"; });
+    const auto isOne = [](std::string_view id) { return id == "1"; };
+    const bool result = holdsOnlyCalls(line, isEffortKnown, isOne);
+    EXPECT_EQ(holdsOnlyCallsPortably(line, isEffortKnown, isOne), result) << line;
+    return result;
+}
+
+Glance glance(const std::string& line) {
+    const Glance result = glanceAt(line);
+    const Glance portable = glanceAtPortably(line);
+    EXPECT_EQ(portable.call, result.call) << line;
+    EXPECT_EQ(portable.effort, result.effort) << line;
+    return result;
 }
 
 std::string callLine(const Json& call) {
@@ -64,15 +75,15 @@ TEST(LineGlance, OtherTidingsAreLookedAt) {
     EXPECT_FALSE(onlyCalls("{}"));
 }
 
-// Sixteen bytes are looked at together, so an id is moved over every place among them.
+// Some bytes are looked at together, 32 at most, so an id is moved over every place among them.
 TEST(LineGlance, TheyAreFoundAtEveryPlace) {
-    for (std::size_t shift = 0; shift < 40; ++shift) {
+    for (std::size_t shift = 0; shift < 80; ++shift) {
         const std::string blanks(shift, ' ');
         EXPECT_FALSE(onlyCalls(blanks + R"({"type":"tool_use","id":"2"})")) << shift;
         EXPECT_TRUE(onlyCalls(blanks + R"({"type":"tool_use","id":"1"})")) << shift;
         EXPECT_FALSE(onlyCalls(blanks + R"({"type":"tool_use","id":"1","x":"\u0041"})")) << shift;
-        EXPECT_TRUE(glanceAt(blanks + R"({"type":"tool_use","id":"1"})").call) << shift;
-        EXPECT_FALSE(glanceAt(blanks + R"({"type":"assistant","id":"1"})").call) << shift;
-        EXPECT_TRUE(glanceAt(blanks + R"({"type":"assistant","effort":"1"})").effort) << shift;
+        EXPECT_TRUE(glance(blanks + R"({"type":"tool_use","id":"1"})").call) << shift;
+        EXPECT_FALSE(glance(blanks + R"({"type":"assistant","id":"1"})").call) << shift;
+        EXPECT_TRUE(glance(blanks + R"({"type":"assistant","effort":"1"})").effort) << shift;
     }
 }

@@ -353,3 +353,55 @@ RC_GTEST_PROP(TranscriptFacts, AreThoseOfReadingForward, ()) {
     }
     RC_ASSERT(factsOf(lines) == forwardFacts(lines));
 }
+
+namespace {
+
+/// The line of a call's result, long and full of escapes, with an id of any spelling.
+std::string longResult(const std::string& spelledId, const std::string& text) {
+    std::string content;
+    while (content.size() < 3'000) {
+        content += R"(say \"so\"\n)";
+    }
+    return R"({"type":"user","message":{"content":[{"type":"tool_result","tool_use_id":")" + spelledId +
+           R"(","content":")" + content + text + "\"}]}}\n";
+}
+
+TranscriptFacts factsBefore(const std::string& result, const std::string& id) {
+    const std::string calls = transcriptText({assistantLine({toolUse(id, "Read")})});
+    return factsOf(TranscriptTail({calls + result + transcriptText({finalLine()}), 0}));
+}
+
+} // namespace
+
+TEST(TranscriptFacts, LongResultsAnswerLikeShortOnes) {
+    EXPECT_THAT(pendingNames(factsBefore(longResult("1", ""), "1")), IsEmpty());
+    EXPECT_THAT(pendingNames(factsBefore(longResult("2", ""), "1")), ElementsAre("Read"));
+    EXPECT_THAT(pendingNames(factsBefore(longResult("1", "\\u0041"), "1")), IsEmpty());
+    // What is no JSON answers nothing.
+    EXPECT_THAT(pendingNames(factsBefore(longResult("1", "\\x"), "1")), ElementsAre("Read"));
+    EXPECT_THAT(pendingNames(factsBefore(longResult("1", "\"\\n"), "1")), ElementsAre("Read"));
+}
+
+TEST(TranscriptFacts, AnIdWithEscapesIsReadAsItIs) {
+    EXPECT_THAT(pendingNames(factsBefore(longResult(R"(a\nb)", ""), "a\nb")), IsEmpty());
+    EXPECT_THAT(pendingNames(factsBefore(longResult(R"(a\nb)", ""), "a\tb")), ElementsAre("Read"));
+    EXPECT_THAT(
+        pendingNames(factsBefore(
+            longResult(R"(a\nb)", ""), "a\x7f\x7f"
+                                       "b"
+        )),
+        ElementsAre("Read")
+    );
+    EXPECT_THAT(
+        pendingNames(factsBefore(
+            longResult(
+                "a\x7f\x7f"
+                "b",
+                ""
+            ),
+            "a\x7f\x7f"
+            "b"
+        )),
+        IsEmpty()
+    );
+}

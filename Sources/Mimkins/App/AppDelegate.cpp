@@ -12,6 +12,7 @@
 
 #include <QApplication>
 
+#include <thread>
 #include <utility>
 
 namespace mimkins {
@@ -40,10 +41,12 @@ AppDelegate::AppDelegate(Paths paths)
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::launch(Launch launch) {
+    const bool hasSeveralProcessors = std::thread::hardware_concurrency() > 1;
     store_ = std::make_unique<SessionStore>(
         paths_,
         SessionStoreServices{
-            loop_, files_, watcher_, processes_, git_, transcripts_, repositoryQueue_, scanQueue_}
+            loop_, files_, watcher_, processes_, git_, transcripts_, repositoryQueue_, scanQueue_,
+            hasSeveralProcessors ? &scanHelper_ : nullptr}
     );
     store_->setRules(settings_.rules());
     if (launch == Launch::withoutWindows) {

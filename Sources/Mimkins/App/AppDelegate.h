@@ -91,6 +91,7 @@ private:
     std::unique_ptr<SessionStore> store_;
     // After the store, so that its threads end before what their results go to.
     ConcurrentQueue repositoryQueue_{"repositories"};
+    SerialQueue scanHelper_{"scan helper"}; // before the queue whose work it shares
     SerialQueue scanQueue_{"app.mimkins.background"};
     std::unique_ptr<WindowSystem> windowSystem_;
     PanelView* panel_ = nullptr;             // belongs to the windows

@@ -26,7 +26,7 @@ bool firesBefore(const ScheduledItem& left, const ScheduledItem& right) {
 } // namespace
 
 BackgroundScanner::BackgroundScanner(const RandomAccessFiles& files, const Options& options)
-    : files_(files), options_(options), lines_(options.blockSize, options.search) {}
+    : files_(files), options_(options), lines_(options.blockSize, options.search, options.shared) {}
 
 BackgroundWork BackgroundScanner::scan(const std::string& transcript, Date processStart, Date now) {
     Tally& tally = tallies_[transcript];

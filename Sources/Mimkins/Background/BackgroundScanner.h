@@ -28,6 +28,7 @@ public:
         /// What is read at once, in bytes; at least 1.
         std::size_t blockSize = std::size_t{256} << 10U;
         MarkerSearch search = fastestMarkerSearch();
+        SharedReading shared{};
     };
 
     /// `files` outlives the scanner.

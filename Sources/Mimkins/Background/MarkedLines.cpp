@@ -1,7 +1,9 @@
 #include "Background/MarkedLines.h"
 
+#include "Background/SearchedBlocks.h"
+
 #include <algorithm>
-#include <cstring>
+#include <array>
 #include <span>
 
 namespace mimkins {
@@ -38,8 +40,12 @@ struct MarkedLines::Pass {
     const Visit& visit;
     bool skipping;           ///< the current line is passed over
     std::uint64_t lineBegin; ///< the current line's position in the file: all before it is consumed
+    std::uint64_t position;  ///< all before it is read
     Markers markers{};       ///< those of the current line so far
     bool failed = false;
+    /// The end of what is read, as far as a marker of the current line may begin there.
+    std::array<char, longestOverlap> kept{};
+    std::size_t overlap = 0; ///< how much is kept
 
     /// The line ends outside of the block in which it began, so it is read once more, whole.
     void visitFromFile(std::uint64_t lineEnd) {
@@ -74,6 +80,22 @@ struct MarkedLines::Pass {
         skipping = false;
     }
 
+    /// What is kept and the block behind it, which has room in front.
+    std::string_view viewOf(char* block, std::size_t count) const {
+        std::copy_n(kept.begin(), overlap, block - overlap);
+        return {block - overlap, overlap + count};
+    }
+
+    /// Takes such a view, and the hits in it.
+    void takeBlock(std::string_view view, std::span<const MarkerHit> hits) {
+        take(view, position - overlap, hits);
+        position += view.size() - overlap;
+        overlap = static_cast<std::size_t>(
+            std::min<std::uint64_t>({longestOverlap, view.size(), position - lineBegin})
+        );
+        view.copy(kept.data(), overlap, view.size() - overlap);
+    }
+
     /// Takes a view that begins in the current line, and the hits in it.
     void take(std::string_view view, std::uint64_t viewBegin, std::span<const MarkerHit> hits) {
         std::size_t lineInView = 0;
@@ -101,33 +123,57 @@ struct MarkedLines::Pass {
     }
 };
 
-std::optional<std::uint64_t>
-MarkedLines::read(const RandomAccessFile& file, const Range& range, const Visit& visit) {
-    buffer_.resize(1 + (blockSize_ + sizeof(Page) - 1) / sizeof(Page));
-    char* const block = buffer_.front().bytes + sizeof(Page);
-    Pass pass{file, visit, range.startsMidLine, range.begin};
-    std::size_t overlap = 0;
-    for (auto position = range.begin; position < range.end && !pass.failed;) {
+bool MarkedLines::takeShared(Pass& pass, std::uint64_t end) {
+    SearchedBlocks blocks({pass.file, pass.position, end, blockSize_, search_}, *shared_.queue);
+    while (SearchedBlock* const next = blocks.next()) {
+        if (!next->count) {
+            return false;
+        }
+        const auto view = pass.viewOf(next->buffer.block(), *next->count);
+        // The markers that begin in what is kept, then those that lie in the block.
+        hits_.clear();
+        search_(view.substr(0, pass.overlap + longestOverlap), hits_);
+        std::erase_if(hits_, [&](const MarkerHit& hit) { return hit.position >= pass.overlap; });
+        for (const auto& hit : next->hits) {
+            hits_.push_back({hit.position + pass.overlap, hit.marker});
+        }
+        pass.takeBlock(view, hits_);
+        if (pass.failed || *next->count < next->wanted) {
+            break;
+        }
+    }
+    return true;
+}
+
+bool MarkedLines::takeAlone(Pass& pass, std::uint64_t end) {
+    while (pass.position < end && !pass.failed) {
         // After the first one, every read begins at a multiple of the block's size.
-        const auto wanted = std::min<std::uint64_t>(blockSize_ - position % blockSize_, range.end - position);
-        const auto count = file.read(position, {block, static_cast<std::size_t>(wanted)});
+        const auto wanted =
+            std::min<std::uint64_t>(blockSize_ - pass.position % blockSize_, end - pass.position);
+        const auto count = pass.file.read(pass.position, {buffer_.block(), static_cast<std::size_t>(wanted)});
         if (!count) {
-            return std::nullopt;
+            return false;
         }
         if (*count == 0) {
             break; // The file has shrunk meanwhile.
         }
-        const std::string_view view(block - overlap, overlap + *count);
+        const auto view = pass.viewOf(buffer_.block(), *count);
         hits_.clear();
         search_(view, hits_);
-        pass.take(view, position - overlap, hits_);
-        position += *count;
-        overlap = static_cast<std::size_t>(
-            std::min<std::uint64_t>({longestOverlap, view.size(), position - pass.lineBegin})
-        );
-        std::memmove(block - overlap, view.data() + view.size() - overlap, overlap);
+        pass.takeBlock(view, hits_);
     }
-    return pass.failed ? std::nullopt : std::optional(pass.lineBegin);
+    return true;
+}
+
+std::optional<std::uint64_t>
+MarkedLines::read(const RandomAccessFile& file, const Range& range, const Visit& visit) {
+    Pass pass{file, visit, range.startsMidLine, range.begin, range.begin};
+    const bool isShared =
+        shared_.queue != nullptr && range.begin < range.end && range.end - range.begin >= shared_.least;
+    if ((isShared && !takeShared(pass, range.end)) || !takeAlone(pass, range.end) || pass.failed) {
+        return std::nullopt;
+    }
+    return pass.lineBegin;
 }
 
 } // namespace mimkins

@@ -1,5 +1,7 @@
 #include "Base/Json.h"
 
+#include "Base/BlankEscapes.h"
+
 #include <simdjson.h>
 
 #include <cmath>
@@ -198,6 +200,19 @@ Value Parser::parse(std::string_view text, std::size_t readableBehind) {
     }
     Element root;
     if (storage_->parser.parse(bytes, length, false).get(root) != simdjson::SUCCESS) {
+        return {};
+    }
+    return ValueAccess::wrap(root);
+}
+
+Value Parser::parseBlanked(std::string_view text) {
+    auto& padded = storage_->padded;
+    if (padded.size() < text.size() + padding) {
+        padded.resize(text.size() + padding);
+    }
+    Element root;
+    if (!blankEscapes(text, padded.data()) ||
+        storage_->parser.parse(padded.data(), text.size(), false).get(root) != simdjson::SUCCESS) {
         return {};
     }
     return ValueAccess::wrap(root);

@@ -31,7 +31,8 @@ public:
     virtual FileIdentity identity() const = 0;
 
     /// Fills the buffer from a position in the file. Gives the number of bytes that were there, which is less
-    /// than the buffer's size only where the file ends; nothing on a failure to read.
+    /// than the buffer's size only where the file ends; nothing on a failure to read. May be called from
+    /// several threads at once.
     virtual std::optional<std::size_t> read(std::uint64_t position, std::span<char> buffer) const = 0;
 };
 

@@ -17,6 +17,12 @@ constexpr std::int64_t appInfoTicks = 5;
 constexpr std::int64_t subtaskTicks = 2;
 constexpr std::int64_t repositoryTicks = 3; // and background work
 
+BackgroundScanner::Options scannerOptions(const SessionStoreServices& services) {
+    BackgroundScanner::Options options;
+    options.shared.queue = services.scanHelper;
+    return options;
+}
+
 } // namespace
 
 SessionStore::SessionStore(Paths paths, SessionStoreServices services)
@@ -24,7 +30,7 @@ SessionStore::SessionStore(Paths paths, SessionStoreServices services)
       registryReader_(services.files, services.processes), appSessions_(services.files),
       transcriptReader_(services.files), subtaskList_(services.files),
       approvalFinder_(services.files, services.processes),
-      scanner_(std::make_shared<BackgroundScanner>(services.transcripts)) {
+      scanner_(std::make_shared<BackgroundScanner>(services.transcripts, scannerOptions(services))) {
     statusFolders_.push_back(paths_.sessions());
     if (services_.files.isFolder(paths_.legacySessions())) {
         statusFolders_.push_back(paths_.legacySessions());

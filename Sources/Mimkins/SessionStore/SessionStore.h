@@ -43,6 +43,9 @@ struct SessionStoreServices {
     const RandomAccessFiles& transcripts; ///< how transcripts are opened off the main thread
     WorkQueue& repositoryQueue;           ///< checks of repositories, several at once
     WorkQueue& scanQueue;                 ///< scans of transcripts and sweeps, one at a time
+    /// Has a thread that shares the scan of a transcript that has grown by a lot; null on a machine with one
+    /// processor, where sharing only costs.
+    WorkQueue* scanHelper = nullptr;
 };
 
 /// The one source of truth: knows every source, reads each at its own pace, and publishes the ordered list of

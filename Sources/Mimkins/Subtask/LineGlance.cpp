@@ -1,5 +1,7 @@
 #include "Subtask/LineGlance.h"
 
+#include "Subtask/LineIds.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -53,8 +55,8 @@ private:
 
 constexpr std::string_view idKey = R"("id")";
 
-/// Judges the value of the key "id" whose first letter stands at `place`. True if the place holds no such
-/// key, or one of an object that is itself a key's value and so no part of a list, or an id that is answered.
+} // namespace
+
 bool isAnsweredAt(
     std::string_view line, std::size_t place, const std::function<bool(std::string_view id)>& isAnswered
 ) {
@@ -74,9 +76,7 @@ bool isAnsweredAt(
     return end != std::string_view::npos && value.find('\\') == std::string_view::npos && isAnswered(value);
 }
 
-} // namespace
-
-Glance glanceAt(std::string_view line) {
+Glance glanceAtPortably(std::string_view line) {
     if (line.size() < Neighbours::reach) {
         return {true, true};
     }
@@ -94,7 +94,7 @@ Glance glanceAt(std::string_view line) {
     }
 }
 
-bool holdsOnlyCalls(
+bool holdsOnlyCallsPortably(
     std::string_view line, bool isEffortKnown, const std::function<bool(std::string_view id)>& isAnswered
 ) {
     if (line.size() < Neighbours::reach) {

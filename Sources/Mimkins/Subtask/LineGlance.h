@@ -21,4 +21,10 @@ bool holdsOnlyCalls(
     std::string_view line, bool isEffortKnown, const std::function<bool(std::string_view id)>& isAnswered
 );
 
+/// The same for every processor. Those above use AVX2 where there is any.
+Glance glanceAtPortably(std::string_view line);
+bool holdsOnlyCallsPortably(
+    std::string_view line, bool isEffortKnown, const std::function<bool(std::string_view id)>& isAnswered
+);
+
 } // namespace mimkins

@@ -1,5 +1,6 @@
 #include "Subtask/TranscriptFacts.h"
 
+#include "Base/BlankEscapes.h"
 #include "Base/DateText.h"
 #include "Base/Text.h"
 #include "Subtask/LineGlance.h"
@@ -15,6 +16,8 @@ namespace {
 
 constexpr std::string_view handbackTool = "SubagentHandback";
 constexpr std::size_t longestDetail = 120;
+/// Lines that are longer than this hold long texts, mostly the results of calls.
+constexpr std::size_t longLine = 1'024; // bytes
 
 std::optional<std::string_view> nonEmpty(const json::Value& value) {
     const auto text = value.stringView();
@@ -48,10 +51,10 @@ public:
     explicit BackwardGatherer(Date fallback) : fallback_(fallback) {}
 
     /// False for a line that can't add anything to what is known from those behind it. Most lines are such:
-    /// words, notes of the client to itself, and calls that were answered. `isLast` is true for the line that
-    /// was written last.
-    bool mayTell(std::string_view line, bool isLast) const {
-        if (isLast || !facts_.model.model) {
+    /// words, notes of the client to itself, and calls that were answered. Not for the line that was written
+    /// last, which always tells something.
+    bool mayTell(std::string_view line) const {
+        if (!facts_.model.model) {
             return true;
         }
         const Glance glance = glanceAt(line);
@@ -60,6 +63,22 @@ public:
         }
         const auto isAnswered = [this](std::string_view id) { return wasAnswered(id); };
         return !sawCall_ || !holdsOnlyCalls(line, facts_.model.effort.has_value(), isAnswered);
+    }
+
+    /// Takes a long line of results, of whose texts only the calls' ids are read. False if the line may be
+    /// anything else, or if its ids can't be told that way.
+    bool takeLongResults(std::string_view line, json::Parser& parser) {
+        constexpr std::array<std::string_view, 2> keys{"type", "message"};
+        if (line.size() < longLine) {
+            return false;
+        }
+        const auto [type, message] = parser.parseBlanked(line).members(keys);
+        const std::size_t before = answered_.size();
+        if (type.stringView() != "user" || !takeResults(message["content"])) {
+            answered_.resize(before);
+            return false;
+        }
+        return true;
     }
 
     void take(const json::Value& root, bool isLast) {
@@ -124,15 +143,19 @@ private:
         }
     }
 
-    void takeResults(const json::Value& content) {
+    /// False if an id may hold what was blanked.
+    bool takeResults(const json::Value& content) {
+        bool isCertain = true;
         constexpr std::array<std::string_view, 2> keys{"type", "tool_use_id"};
         findObjects(content);
         for (const auto& object : objects_) {
             const auto [type, id] = object.members(keys);
             if (type.stringView() == "tool_result" && id.stringView()) {
-                answered_.emplace_back(*id.stringView());
+                const auto& word = answered_.emplace_back(*id.stringView());
+                isCertain = isCertain && word.find(json::blank) == std::string::npos;
             }
         }
+        return isCertain;
     }
 
     /// A result mostly follows its call at once, so the latest is looked at first.
@@ -182,7 +205,10 @@ transcriptFacts(const TranscriptTail& tail, Date fallback, json::Parser& parser,
     BackwardGatherer gatherer(fallback);
     for (std::size_t index = tail.size(); index-- > 0;) {
         const bool isLast = index + 1 == tail.size();
-        if (lines == LinesToParse::all || gatherer.mayTell(tail.line(index), isLast)) {
+        const auto line = tail.line(index);
+        const bool isPassedOver = lines == LinesToParse::telling && !isLast &&
+                                  (!gatherer.mayTell(line) || gatherer.takeLongResults(line, parser));
+        if (!isPassedOver) {
             gatherer.take(tail.parse(index, parser), isLast);
         }
     }
