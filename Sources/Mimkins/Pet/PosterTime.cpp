@@ -26,7 +26,7 @@ constexpr std::array<Poster, routineCount> posters{{
     {0.3, false},  // megaphone
     {1.7, false},  // chin
     {0.4, false},  // pace
-    {2.0, false},  // thoughtDots
+    {1.7, false},  // thoughtDots
     {10.6, false}, // lightbulb
     {1.05, false}, // broom
     {1.6, false},  // vacuum
