@@ -52,9 +52,6 @@ void requireSoundFacts(const TranscriptTail& tail) {
     );
     require(!facts.model.model || !facts.model.model->empty(), "a model has a name");
     require(!facts.model.effort || !facts.model.effort->empty(), "an effort has a name");
-    for (const auto& call : facts.pending) {
-        require(!call.detail || !call.detail->empty(), "a detail says something");
-    }
     for (std::size_t index = 0; index < tail.size(); ++index) {
         const auto document = json::Document::parse(tail.line(index));
         require(tail.parse(index, parser).exists() == document.has_value(), "both parsers agree on a line");

@@ -70,6 +70,7 @@ TEST(CallDetail, OfAPathTakesTheLastComponent) {
 TEST(CallDetail, OfOtherTextTakesTheFirstLineCut) {
     EXPECT_EQ(detailOf({{"command", "cd /tmp\nmake"}}), "cd /tmp");
     EXPECT_EQ(detailOf({{"command", "cd /tmp\r\nmake"}}), "cd /tmp");
+    EXPECT_EQ(detailOf({{"command", "\nmake"}}), "");
     EXPECT_EQ(detailOf({{"command", std::string(121, 'x')}}), std::string(120, 'x'));
     std::string accents;
     for (int count = 0; count < 121; ++count) {
